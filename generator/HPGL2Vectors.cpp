@@ -1,0 +1,56 @@
+// Pen-up moves and pen-down lines.
+
+#include "generator/HPGL2Encoding.h"
+#include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKPrintStream.h"
+
+void VRKPrintHPGL2Generator::DrvMoveTo(float x, float y) {
+    int px, py;
+    toPlotterUnits(x, y, px, py);
+    if (isHPGL()) {
+        // A move is only remembered; the next line writes it, so a run of moves costs one PU.
+        if (px != currentX || py != currentY) {
+            movePending = 1;
+            currentX = px;
+            currentY = py;
+        }
+        return;
+    }
+    VRKPrintStream& s = out();
+    if (encodedPolylineOpen == 0) {
+        // "=" makes the next pair absolute; with the reference at 0,0 the encoded difference is
+        // the absolute position.
+        s.Write("PE=");
+        lastEncodedX = 0;
+        lastEncodedY = 0;
+        encodedPolylineOpen = 1;
+    } else if (px == lastEncodedX && py == lastEncodedY) {
+        return;
+    }
+    s.Put('<');  // pen up for the next pair
+    s.Write(encodeNumber(px - lastEncodedX));
+    s.Write(encodeNumber(py - lastEncodedY));
+    lastEncodedX = px;
+    lastEncodedY = py;
+}
+
+void VRKPrintHPGL2Generator::DrvLineTo(float x, float y) {
+    if (isHPGL()) {
+        hpglLineTo(x, y);
+        return;
+    }
+    int px, py;
+    toPlotterUnits(x, y, px, py);
+    VRKPrintStream& s = out();
+    if (encodedPolylineOpen == 0) {
+        s.Write("PE=");
+        lastEncodedX = 0;
+        lastEncodedY = 0;
+        encodedPolylineOpen = 1;
+    }
+    // A line to the current position is still written: a zero-length pair plots a dot.
+    s.Write(encodeNumber(px - lastEncodedX));
+    s.Write(encodeNumber(py - lastEncodedY));
+    lastEncodedX = px;
+    lastEncodedY = py;
+}

@@ -1,0 +1,124 @@
+#pragma once
+
+#include <fstream>
+
+#include "host/core/VRKPrintFileGenerator.h"
+#include "host/core/VRKPrintNullStream.h"
+
+class VRKPrintHPGL2Properties;
+class VRKPrintHPGLProperties;
+
+// The HP-GL/2 generator. It writes HP-GL/2 for large-format printers (vectors in Polyline Encoded
+// form, palette colours, polygon fills, PCL raster images) or, when its property record's Type
+// says HP-GL, plain HP-GL for pen plotters (absolute pen moves, physical pens chosen from pen and
+// colour tables, thick lines as parallel strokes, hatched fills). Every hook branches on that
+// dialect.
+//
+// Coordinates reach the plotter in plotter units (0.025 mm, 40 to the millimetre); no SC scaling is
+// in force except while a stretched ellipse is drawn.
+class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
+    VRK_DECLARE_CLASS(VRKPrintHPGL2Generator)
+
+  public:
+    explicit VRKPrintHPGL2Generator(const VRKString& language = "HPGL2");
+    ~VRKPrintHPGL2Generator() override;
+
+    // The record, for the host's property interface and dialogs.
+    VRKBaseUnknown* GetProperties() override;
+    // Hands the stream to the base and nothing else.
+    void Attach(VRKPrintStream* stream) override;
+
+  protected:
+    void DrvBegin(const VRKPrintParameters& params) override;
+    void DrvEnd() override;
+    void DrvFormFeed() override;
+    void DrvMoveTo(float x, float y) override;
+    void DrvLineTo(float x, float y) override;
+
+    // The record, for the generators that wrap this one.
+    VRKPrintHPGL2Properties* GetHPGL2Properties() const { return properties; }
+    void SetBeginPlotValue(int value) { beginPlotValue = value; }
+
+    // The stream the plot goes to; a generator without a stream writes into a scratch stream
+    // that nobody reads, so a host that forgot Attach loses output but does not crash.
+    VRKPrintStream& out() {
+        VRKPrintStream* stream = GetStream();
+        return stream != nullptr ? *stream : unattached;
+    }
+    // True when the record asks for the HP-GL dialect.
+    bool isHPGL() const;
+    // Ends an open PE instruction with ";". Every instruction other than a PE continuation
+    // calls this first, so that no instruction lands inside a PE.
+    void closeEncodedPolyline() {
+        if (encodedPolylineOpen == 1) {
+            out().Put(';');
+            encodedPolylineOpen = 0;
+        }
+    }
+    // Millimetres to plotter units: truncated toward zero, the origin offset added, truncated
+    // again. There is no rounding to nearest anywhere on this path.
+    void toPlotterUnits(float x, float y, int& px, int& py) const;
+    // Page size, rotation and text direction offset of a new form: PS, IP and RO.
+    void writePageSetup(const VRKPrintParameters& params);
+    // Job start and end of the HP-GL dialect.
+    void hpglJobStart(const VRKPrintParameters& params);
+    void hpglJobEnd();
+    // A pen-down line in the HP-GL dialect, with parallel strokes for widths above the pen.
+    void hpglLineTo(float x, float y);
+
+    VRKPrintHPGL2Properties* properties = nullptr;
+    int beginPlotValue = -1;
+    VRKPrintHPGLProperties* hpglSettings = nullptr;
+    float originOffsetX = 0.0f;
+    float originOffsetY = 0.0f;
+    int encodedPolylineOpen = 0;
+    int currentDrawColor = 0;
+    int currentFillColor = 0;
+    int lastEncodedX = 0;
+    int lastEncodedY = 0;
+    float pageRotation = 0.0f;
+    float pageWidth = 0.0f;
+    float pageHeight = 0.0f;
+    float textAngleOffset = 0.0f;
+
+    // Text and line state.
+    float textSize = 4.0f;
+    float textSlant = 0.0f;
+    int textWeight = 25;
+    int textTypeface = 48;
+    int fontChanged = 1;
+    int currentLineType = 1;
+    float linePatternLength = 0.0f;
+    int hostDrawsDefaultFont = 1;
+
+    // Colours defined by the host for the HP-GL dialect, 0.0 to 1.0.
+    float* penRed = nullptr;
+    float* penGreen = nullptr;
+    float* penBlue = nullptr;
+
+    // HP-GL dialect state: the pen table and the pen in use.
+    float currentDrawWidth = 0.0f;
+    int penCount = 0;
+    float* tableRed = nullptr;
+    float* tableGreen = nullptr;
+    float* tableBlue = nullptr;
+    float* tableThickness = nullptr;
+    int* tableEnabled = nullptr;
+    int currentPen = 0;
+    int strokeCount = 1;
+    float strokeSpacing = 0.0f;
+    int originX = 0;
+    int originY = 0;
+    int relativeMoves = 0;
+    int printThickness = 0;
+    int currentX = 0;
+    int currentY = 0;
+    int movePending = 0;
+    std::ifstream tableReader;
+
+  private:
+    VRKPrintNullStream unattached;
+};
+
+// Creates an HP-GL/2 generator with its default record, or returns null.
+extern "C" VRKBaseUnknown* fctCreateVRKPrintHPGL2Generator();

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "host/core/VRKPrintStream.h"
+
+// A print stream writing to a file (or to standard output for the path "-"). The path the stream
+// reports through GetPath() is set separately, so a host can name a job after the file the user
+// asked for while it writes to a temporary file beside it.
+class VRKPrintFileStream final : public VRKPrintStream {
+  public:
+    VRKPrintFileStream() = default;
+    ~VRKPrintFileStream() override;
+
+    // Creates or truncates the file; returns false and leaves errno set when it cannot.
+    bool Open(const std::string& fileName);
+    // Writes what is buffered and closes the file; false when any write or the close failed.
+    bool Close();
+    bool IsOpen() const { return fd_ >= 0; }
+
+  protected:
+    bool Sink(const char* data, std::size_t size) override;
+
+  private:
+    int fd_ = -1;
+    bool ownsFd_ = false;
+};

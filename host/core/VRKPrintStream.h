@@ -1,0 +1,105 @@
+#pragma once
+
+#include <charconv>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+#include "host/core/VRKUnicodeString.h"
+
+// The byte stream a print generator writes its plot to. Writes go into a large buffer that is
+// handed to the sink (a file, memory) when it fills, on Flush() and on Close(). Numbers are
+// formatted here, in the C locale whatever the process locale: integers in plain decimal, floats
+// in the current notation (the general %g form with 6 significant digits until SetFixed() is
+// called, then fixed with the given number of decimals, as an iostream would).
+//
+// Errors are sticky: once a sink write fails the stream stays failed and drops further output;
+// the owner checks Good() once at the end, as it would with a full disk.
+class VRKPrintStream {
+  public:
+    explicit VRKPrintStream(std::size_t bufferSize = std::size_t{1} << 18);
+    VRKPrintStream(const VRKPrintStream&) = delete;
+    VRKPrintStream& operator=(const VRKPrintStream&) = delete;
+    virtual ~VRKPrintStream();
+
+    // The path the stream was opened for; generators take the job name from it.
+    const VRKUnicodeString& GetPath() const { return path_; }
+    void SetPath(const VRKUnicodeString& path) { path_ = path; }
+    // Data the host attaches to a stream for the drivers; never interpreted by the stream.
+    void* GetPrivateData() const { return privateData_; }
+    void SetPrivateData(void* data) { privateData_ = data; }
+
+    void Write(std::string_view text) {
+        if (text.size() <= static_cast<std::size_t>(end_ - cursor_)) {
+            std::memcpy(cursor_, text.data(), text.size());
+            cursor_ += text.size();
+        } else {
+            WriteSlow(text.data(), text.size());
+        }
+    }
+    void WriteBytes(const void* data, std::size_t size) {
+        Write(std::string_view(static_cast<const char*>(data), size));
+    }
+    void Put(char c) {
+        if (cursor_ == end_) {
+            FlushBuffer();
+        }
+        *cursor_++ = c;
+    }
+    void WriteInt(long long value) {
+        Reserve(24);
+        cursor_ = std::to_chars(cursor_, end_, value).ptr;
+    }
+    void WriteFloat(double value);
+    // "\n", then a flush, as an end-of-line manipulator does.
+    void EndLine() {
+        Put('\n');
+        Flush();
+    }
+
+    // Floats from now on in fixed notation with `decimals` digits after the point.
+    void SetFixed(int decimals) {
+        fixed_ = true;
+        precision_ = decimals;
+    }
+    // Floats from now on in the general notation with `digits` significant digits.
+    void SetGeneral(int digits = 6) {
+        fixed_ = false;
+        precision_ = digits;
+    }
+    bool IsFixed() const { return fixed_; }
+    int GetPrecision() const { return precision_; }
+
+    // Hands buffered bytes to the sink; false when the stream has failed.
+    bool Flush();
+    bool Good() const { return good_; }
+    void SetFailed() { good_ = false; }
+    // Bytes written so far, buffered ones included.
+    std::size_t BytesWritten() const {
+        return flushed_ + static_cast<std::size_t>(cursor_ - buffer_.data());
+    }
+
+  protected:
+    // Takes `size` bytes for good; returns false when they could not be stored.
+    virtual bool Sink(const char* data, std::size_t size) = 0;
+
+  private:
+    void Reserve(std::size_t size) {
+        if (static_cast<std::size_t>(end_ - cursor_) < size) {
+            FlushBuffer();
+        }
+    }
+    void FlushBuffer();
+    void WriteSlow(const char* data, std::size_t size);
+
+    std::vector<char> buffer_;
+    char* cursor_;
+    char* end_;
+    std::size_t flushed_ = 0;
+    bool good_ = true;
+    bool fixed_ = false;
+    int precision_ = 6;
+    VRKUnicodeString path_;
+    void* privateData_ = nullptr;
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/core/VRKBaseUnknown.h"
+
+// HP-GL settings: the pen table of a pen plotter (32 slots of red, green, blue on a 0-255 scale,
+// width in millimetres and an enable flag), the origin of the coordinate system, relative pen
+// moves and whether the plotter renders pen widths itself. Slot 0 stands for "no pen".
+class VRKPrintHPGLProperties : public VRKBaseUnknown {
+    VRK_DECLARE_CLASS(VRKPrintHPGLProperties)
+
+  public:
+    // Room in every pen array.
+    static constexpr int kPenSlots = 32;
+
+    VRKPrintHPGLProperties();
+    ~VRKPrintHPGLProperties() override;
+
+    int GetPenCount() const { return penCount; }
+    int GetOrigin() const { return origin; }
+    void SetOrigin(int value) { origin = value; }
+    int GetRelativeMovePen() const { return relativeMovePen; }
+    void SetRelativeMovePen(int value) { relativeMovePen = value; }
+    int GetPrintThickness() const { return printThickness; }
+    void SetPrintThickness(int value) { printThickness = value; }
+
+    // Bulk pen access, always by copy of GetPenCount() entries into arrays of 32 the caller owns.
+    void GetPenColors(float* redOut, float* greenOut, float* blueOut) const;
+    void GetPenWidths(float* widthOut) const;
+    void GetPenEnables(int* enableOut) const;
+    // Sets the pen count and copies that many entries from each array. The count is not checked:
+    // more than 32 is the caller's error.
+    void SetPens(int count, const float* redIn, const float* greenIn, const float* blueIn,
+                 const float* widthIn, const int* enableIn);
+
+  private:
+    int penCount = kPenSlots;
+    int origin = 1;  // "Lower Left Corner"
+    int relativeMovePen = 1;
+    int printThickness = 0;
+    float* red = nullptr;
+    float* green = nullptr;
+    float* blue = nullptr;
+    float* width = nullptr;
+    int* enable = nullptr;
+};
