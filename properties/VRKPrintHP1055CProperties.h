@@ -31,7 +31,7 @@ class VRKPrintHP1055CProperties : public VRKPrintHPGL2Properties {
     void SetRet(int value) { ret = value; }
     float GetScale() const { return scale; }
 
-  private:
+  protected:
     int mediaType = -1;
     int mediaSource = 0;
     int cutterState = 1;

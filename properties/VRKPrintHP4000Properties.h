@@ -29,7 +29,7 @@ class VRKPrintHP4000Properties : public VRKPrintHPGL2Properties {
     std::uint8_t GetRet() const { return ret; }
     void SetRet(std::uint8_t value) { ret = value; }
 
-  private:
+  protected:
     int mediaSource = 1;
     std::uint8_t autoRotate = 1;
     std::uint8_t inkedArea = 1;

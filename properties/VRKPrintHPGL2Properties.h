@@ -25,7 +25,7 @@ class VRKPrintHPGL2Properties : public VRKBaseUnknown {
     // The owned HP-GL settings; the caller gets no reference of its own.
     VRKPrintHPGLProperties* GetHPGLProperties() const { return hpglProperties; }
 
-  private:
+  protected:
     int mediaType = -1;
     int cutterState = 1;
     int quality = 100;

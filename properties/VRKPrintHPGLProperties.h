@@ -32,7 +32,7 @@ class VRKPrintHPGLProperties : public VRKBaseUnknown {
     void SetPens(int count, const float* redIn, const float* greenIn, const float* blueIn,
                  const float* widthIn, const int* enableIn);
 
-  private:
+  protected:
     int penCount = kPenSlots;
     int origin = 1;  // "Lower Left Corner"
     int relativeMovePen = 1;

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Installs every Debian package the project needs to build, test and run its examples.
+# Idempotent: when everything is there it only checks and returns at once. Run as root
+# (or with sudo available).
+set -euo pipefail
+
+packages=(
+  # Toolchain
+  cmake ninja-build g++ pkg-config clang-format
+  # Tests and benchmarks
+  googletest libgtest-dev libgmock-dev libbenchmark-dev
+  # Command line of vrkplot
+  libcli11-dev
+  # Image files
+  libpng-dev
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q '^install ok installed$'; then
+    missing+=("$p")
+  fi
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "setup: installing ${missing[*]}" >&2
+sudo=""
+if [ "$(id -u)" -ne 0 ]; then sudo="sudo"; fi
+export DEBIAN_FRONTEND=noninteractive
+if ! $sudo apt-get install -y --no-install-recommends "${missing[@]}"; then
+  $sudo apt-get update
+  $sudo apt-get install -y --no-install-recommends "${missing[@]}"
+fi

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <locale>
+#include <string>
+
+#include "host/core/VRKPrintMemoryStream.h"
+
+namespace {
+
+TEST(PrintStream, IntegersInPlainDecimal) {
+    VRKPrintMemoryStream s;
+    s.WriteInt(0);
+    s.Put(',');
+    s.WriteInt(-42);
+    s.Put(',');
+    s.WriteInt(2147483647);
+    s.Put(',');
+    s.WriteInt(-2147483648LL);
+    EXPECT_EQ(s.Data(), "0,-42,2147483647,-2147483648");
+}
+
+TEST(PrintStream, FloatsInGeneralThenFixedNotation) {
+    VRKPrintMemoryStream s;
+    s.WriteFloat(0.35f);
+    s.Put(' ');
+    s.WriteFloat(1234567.0);
+    s.Put(' ');
+    s.SetFixed(2);
+    s.WriteFloat(0.35f);
+    s.Put(' ');
+    s.WriteFloat(16.604);
+    s.Put(' ');
+    s.WriteFloat(-0.001);
+    s.Put(' ');
+    s.WriteFloat(11.338582677);
+    s.Put(' ');
+    s.WriteFloat(8400.0);
+    s.Put(' ');
+    s.WriteFloat(0.125);  // an exact tie rounds to even, as printf does
+    EXPECT_EQ(s.Data(), "0.35 1.23457e+06 0.35 16.60 -0.00 11.34 8400.00 0.12");
+}
+
+struct CommaDecimal : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(PrintStream, ProcessLocaleDoesNotChangeAByte) {
+    const std::locale previous =
+        std::locale::global(std::locale(std::locale::classic(), new CommaDecimal));
+    VRKPrintMemoryStream s;
+    s.SetFixed(2);
+    s.WriteFloat(1234.5);
+    s.Put(' ');
+    s.WriteInt(1234567);
+    std::locale::global(previous);
+    EXPECT_EQ(s.Data(), "1234.50 1234567");
+}
+
+TEST(PrintStream, LargeWritesPassTheBuffer) {
+    VRKPrintMemoryStream s(64);
+    std::string big(1000, 'x');
+    s.Write("ab");
+    s.Write(big);
+    s.Write("cd");
+    for (int i = 0; i < 100; ++i) {
+        s.WriteInt(i % 10);
+    }
+    std::string expected = "ab" + big + "cd";
+    for (int i = 0; i < 100; ++i) {
+        expected += static_cast<char>('0' + i % 10);
+    }
+    EXPECT_EQ(s.BytesWritten(), expected.size());
+    EXPECT_EQ(s.Data(), expected);
+}
+
+TEST(PrintStream, FailureIsSticky) {
+    VRKPrintMemoryStream s(64);
+    s.Write("kept");
+    s.Flush();
+    s.FailNextWrite();
+    s.Write("lost");
+    EXPECT_FALSE(s.Flush());
+    EXPECT_FALSE(s.Good());
+    s.Write("also lost");
+    EXPECT_FALSE(s.Flush());
+    EXPECT_EQ(s.Data(), "kept");
+}
+
+TEST(PrintStream, PathAndPrivateData) {
+    VRKPrintMemoryStream s;
+    int data = 7;
+    s.SetPath("out/plot.plt");
+    s.SetPrivateData(&data);
+    EXPECT_EQ(s.GetPath().ToUtf8(), "out/plot.plt");
+    EXPECT_EQ(s.GetPrivateData(), &data);
+}
+
+TEST(PrintStream, EndLineFlushes) {
+    VRKPrintMemoryStream s;
+    s.Write("@PJL");
+    s.EndLine();
+    EXPECT_EQ(s.BytesWritten(), 5u);
+    EXPECT_EQ(s.Data(), "@PJL\n");
+}
+
+}  // namespace
