@@ -1,16 +1,150 @@
-// The HP-GL dialect for pen plotters: job start and end, pen-down lines.
+// The HP-GL dialect for pen plotters: job start and end, and pen-down lines with parallel strokes
+// for widths above the pen's.
+
+#include <cmath>
+#include <iostream>
 
 #include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKEnvironment.h"
 #include "host/core/VRKPrintStream.h"
+#include "properties/VRKPrintHPGLProperties.h"
 
-void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& /*params*/) {
-    // Completed with the pen tables.
+namespace {
+
+void writePoint(VRKPrintStream& s, const char* mnemonic, long long x, long long y) {
+    s.Write(mnemonic);
+    s.WriteInt(x);
+    s.Put(',');
+    s.WriteInt(y);
+}
+
+}  // namespace
+
+void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
+    if (hpglSettings == nullptr) {
+        return;
+    }
+    VRKPrintStream& s = out();
+    const VRKPrintForm& form = params.GetForm();
+    const int w = static_cast<int>(form.GetWidth() * 40.0);
+    const int h = static_cast<int>(form.GetHeight() * 40.0);
+    originOffsetX = 0.0f;
+
+    // The plotter's origin sits at the lower left corner of the hard-clip area; the setting puts
+    // the drawing's origin at a corner or the centre of the form instead.
+    originX = 0;
+    originY = 0;
+    const bool landscape = form.GetOrientation() == 0;
+    const bool portrait = form.GetOrientation() == 1;
+    if (landscape || portrait) {
+        // In orientation 0 the form lies turned: its height runs along the plotter's x axis.
+        const int along = landscape ? h : w;
+        const int across = landscape ? w : h;
+        switch (hpglSettings->GetOrigin()) {
+            case 0:
+                originX = -(along / 2);
+                originY = -(across / 2);
+                break;
+            case 2:
+                originY = -across;
+                break;
+            case 3:
+                originX = -along;
+                break;
+            case 4:
+                originX = -along;
+                originY = -across;
+                break;
+            default:
+                break;
+        }
+    }
+    writePoint(s, "PU", originX, originY);
+
+    relativeMoves = hpglSettings->GetRelativeMovePen();
+    s.Write(relativeMoves != 0 ? "PR;" : "PA;");
+    printThickness = hpglSettings->GetPrintThickness();
+    s.Write(VRKEnvironment::IsDefined("HPGL_WITH_SP0") ? "SP0;" : "SP1;");
+
+    buildPenTable();
+    strokeCount = 1;
+    strokeSpacing = 0.0f;
+    currentPen = 0;
+    openColorTable();
 }
 
 void VRKPrintHPGL2Generator::hpglJobEnd() {
-    out().Write("PU;PA;SP0;PG;");
+    VRKPrintStream& s = out();
+    s.Write("PU;PA;SP0;PG;");
+    freePenTable();
+    // A failed close only marks the table reader failed; nothing is reported.
+    if (tableReader.is_open()) {
+        tableReader.close();
+    }
 }
 
-void VRKPrintHPGL2Generator::hpglLineTo(float /*x*/, float /*y*/) {
-    // Completed with the pen tables.
+void VRKPrintHPGL2Generator::hpglLineTo(float x, float y) {
+    // Without a pen the plotter draws nothing; the move stays pending for the next pen.
+    if (currentPen == 0) {
+        return;
+    }
+    VRKPrintStream& s = out();
+    const bool relative = relativeMoves != 0;
+    if (movePending != 0) {
+        writePoint(s, "PU", static_cast<long long>(currentX) - originX,
+                   static_cast<long long>(currentY) - originY);
+        movePending = 0;
+        if (relative) {
+            originX = currentX;
+            originY = currentY;
+        }
+    }
+    int ex, ey;
+    toPlotterUnits(x, y, ex, ey);
+    if (strokeCount <= 1) {
+        writePoint(s, "PD", static_cast<long long>(ex) - originX,
+                   static_cast<long long>(ey) - originY);
+        if (relative) {
+            originX = ex;
+            originY = ey;
+        }
+    } else {
+        // A line wider than the pen is drawn as parallel strokes across the line's direction.
+        // An even count n gives n + 1 strokes, centre included; an odd count gives n strokes with
+        // the centre one and the others spread by an extra half spacing. Plotters in the field
+        // have been driven with exactly these strokes, so the counts stay as they are.
+        const int n = strokeCount;
+        const double a =
+            std::atan2(static_cast<double>(currentY - ey), static_cast<double>(currentX - ex));
+        const double sinA = std::sin(a);
+        const double cosA = std::cos(a);
+        for (int i = -(n / 2); i <= n / 2; ++i) {
+            float d;
+            if (n % 2 == 0 || i == 0) {
+                d = static_cast<float>(i) * strokeSpacing;
+            } else if (i < 0) {
+                d = static_cast<float>(i) * strokeSpacing - strokeSpacing / 2;
+            } else {
+                d = static_cast<float>(i) * strokeSpacing + strokeSpacing / 2;
+            }
+            const int dx = static_cast<int>(d * sinA);
+            const int dy = static_cast<int>(cosA * d);
+            const long long ux = static_cast<long long>(currentX) - dx;
+            const long long uy = static_cast<long long>(currentY) + dy;
+            writePoint(s, "PU", ux - originX, uy - originY);
+            if (relative) {
+                originX = static_cast<int>(ux);
+                originY = static_cast<int>(uy);
+            }
+            const long long dxEnd = static_cast<long long>(ex) - dx;
+            const long long dyEnd = static_cast<long long>(ey) + dy;
+            writePoint(s, "PD", dxEnd - originX, dyEnd - originY);
+            if (relative) {
+                originX = static_cast<int>(dxEnd);
+                originY = static_cast<int>(dyEnd);
+            }
+        }
+    }
+    currentX = ex;
+    currentY = ey;
 }

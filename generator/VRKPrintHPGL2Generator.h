@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fstream>
+#include <vector>
 
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintNullStream.h"
@@ -27,6 +28,12 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     VRKBaseUnknown* GetProperties() override;
     // Hands the stream to the base and nothing else.
     void Attach(VRKPrintStream* stream) override;
+    // The plotter draws a text itself (support 2) in HP-GL/2 with a plotter typeface, no host
+    // text-as-geometry and a slant of 0 to 45 degrees; otherwise the host draws it (support 1).
+    // Clipping is never asked for.
+    void GetPrintTextManagement(VRKFont* font, const VRKUnicodeString& text,
+                                VRKPrintTextSupport& support,
+                                VRKPrintTextClipping& clipping) override;
 
   protected:
     void DrvBegin(const VRKPrintParameters& params) override;
@@ -34,6 +41,21 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void DrvFormFeed() override;
     void DrvMoveTo(float x, float y) override;
     void DrvLineTo(float x, float y) override;
+    void DrvDrawPolyBezier(int count, const float* xy) override;
+    void DrvDrawArcCircle(float cx, float cy, float radius, float start, float end,
+                          int filled) override;
+    void DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start, float end,
+                           float rotation, int filled) override;
+    void DrvDrawText(float x, float y, const VRKUnicodeString& text) override;
+    void DrvDefineColor(int index, float r, float g, float b) override;
+    void DrvSelectDrawColor(int index) override;
+    void DrvSelectFillColor(int index) override;
+    void DrvSetDrawWidth(float width) override;
+    void DrvSetLineCap(VRKPrintLineAttribute cap) override;
+    void DrvSetLineJoin(VRKPrintLineAttribute join) override;
+    void DrvSetLineStyle(int style) override;
+    void DrvSetLineStyle(VRKPrintLineAttribute style, float length, const float* pattern) override;
+    void DrvSetTextAttribute(VRKPrintTextAttribute kind, float value) override;
 
     // The record, for the generators that wrap this one.
     VRKPrintHPGL2Properties* GetHPGL2Properties() const { return properties; }
@@ -63,6 +85,25 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // Job start and end of the HP-GL dialect.
     void hpglJobStart(const VRKPrintParameters& params);
     void hpglJobEnd();
+    // The pen table of the HP-GL dialect, from the settings or from the "PenTable" file named by
+    // the environment; the colour table file, kept open for the whole job.
+    void buildPenTable();
+    bool allocatePenTable(int count);
+    void freePenTable();
+    void openColorTable();
+    // Appends, in file order, the pens (1 to 31) the colour table gives for the colour.
+    void readColorTable(int red, int green, int blue, std::vector<int>& pens);
+    // The pen for a colour index and a line width in the HP-GL dialect, with the number of
+    // parallel strokes and their spacing (plotter units) that make up the width.
+    int selectPenForColor(int colorIndex, float width, int& strokes, float& spacing);
+    // Strokes for a line of `width` drawn with `pen`: one, or as many as cover the width.
+    void matchWidth(int pen, float width, int& strokes, float& spacing) const;
+    // Writes SP when the pen changes.
+    void selectPen(int pen);
+    // Writes the SC that puts user units back to plotter units.
+    void restoreScale();
+    // True when the plotter writes the text itself as a label.
+    bool plotterDrawsText() const;
     // A pen-down line in the HP-GL dialect, with parallel strokes for widths above the pen.
     void hpglLineTo(float x, float y);
 

@@ -45,8 +45,49 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     using VRKPrintHPGL2Generator::textTypeface;
     using VRKPrintHPGL2Generator::textWeight;
     using VRKPrintHPGL2Generator::toPlotterUnits;
+    using VRKPrintHPGL2Generator::currentFillColor;
+    using VRKPrintHPGL2Generator::currentPen;
+    using VRKPrintHPGL2Generator::strokeCount;
+    using VRKPrintHPGL2Generator::strokeSpacing;
+    using VRKPrintHPGL2Generator::penCount;
+    using VRKPrintHPGL2Generator::tableRed;
+    using VRKPrintHPGL2Generator::tableGreen;
+    using VRKPrintHPGL2Generator::tableBlue;
+    using VRKPrintHPGL2Generator::tableThickness;
+    using VRKPrintHPGL2Generator::tableEnabled;
+    using VRKPrintHPGL2Generator::selectPenForColor;
+    using VRKPrintHPGL2Generator::printThickness;
+    using VRKPrintHPGL2Generator::currentDrawWidth;
+    using VRKPrintHPGL2Generator::relativeMoves;
+    using VRKPrintHPGL2Generator::originX;
+    using VRKPrintHPGL2Generator::originY;
+    using VRKPrintHPGL2Generator::currentX;
+    using VRKPrintHPGL2Generator::currentY;
+    using VRKPrintHPGL2Generator::movePending;
+    using VRKPrintHPGL2Generator::textSlant;
+    using VRKPrintHPGL2Generator::linePatternLength;
+    using VRKPrintHPGL2Generator::tableReader;
+    using VRKPrintHPGL2Generator::DrvDrawPolyBezier;
+    using VRKPrintHPGL2Generator::DrvDrawArcCircle;
+    using VRKPrintHPGL2Generator::DrvDrawArcEllipse;
+    using VRKPrintHPGL2Generator::DrvDefineColor;
+    using VRKPrintHPGL2Generator::DrvSelectDrawColor;
+    using VRKPrintHPGL2Generator::allocatePenTable;
+
+    // Switches the record to the HP-GL dialect.
+    void UseHPGL() { properties->SetType(1); }
+    // Bytes written since the last call.
+    std::string Take() {
+        const std::string& all = stream.Data();
+        std::string fresh = all.substr(taken_);
+        taken_ = all.size();
+        return fresh;
+    }
 
     VRKPrintMemoryStream stream;
+
+private:
+    std::size_t taken_ = 0;
 };
 
 // Print parameters for a form of the given size (millimetres) and orientation.

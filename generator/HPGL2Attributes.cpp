@@ -1,0 +1,322 @@
+// Line attributes and text: PW, LA, SL, DI, LO, and labels in the plotter's own fonts.
+
+#include <cmath>
+#include <numbers>
+#include <string>
+
+#include "generator/HPGL2Encoding.h"
+#include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKPrintStream.h"
+
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+
+// Line type and pattern length (millimetres) of a line style; a length below 0 keeps the current
+// one.
+struct LineStyle {
+    int type;
+    float length;
+};
+
+// Label origin of each of the host's anchors (28 to 39); other values give 1, left baseline.
+int labelOrigin(int anchor) {
+    switch (anchor) {
+        case 28:
+            return 11;
+        case 30:
+            return 2;
+        case 31:
+            return 3;
+        case 32:
+            return 14;
+        case 33:
+            return 4;
+        case 34:
+            return 5;
+        case 35:
+            return 6;
+        case 36:
+            return 17;
+        case 37:
+            return 7;
+        case 38:
+            return 8;
+        case 39:
+            return 9;
+        default:
+            return 1;
+    }
+}
+
+}  // namespace
+
+void VRKPrintHPGL2Generator::DrvSetLineCap(VRKPrintLineAttribute cap) {
+    if (isHPGL()) {
+        return;
+    }
+    closeEncodedPolyline();
+    // LA1: 1 butt, 2 square, 4 round; 0 restores the default.
+    int kind = 0;
+    switch (static_cast<int>(cap)) {
+        case 10:
+            kind = 1;
+            break;
+        case 11:
+            kind = 2;
+            break;
+        case 12:
+            kind = 4;
+            break;
+        default:
+            break;
+    }
+    out().Write("LA1,");
+    out().WriteInt(kind);
+}
+
+void VRKPrintHPGL2Generator::DrvSetLineJoin(VRKPrintLineAttribute join) {
+    if (isHPGL()) {
+        return;
+    }
+    closeEncodedPolyline();
+    // LA2: 1 mitred, 4 round, 5 bevelled; 0 restores the default.
+    int kind = 0;
+    switch (static_cast<int>(join)) {
+        case 13:
+            kind = 1;
+            break;
+        case 14:
+            kind = 4;
+            break;
+        case 15:
+            kind = 5;
+            break;
+        default:
+            break;
+    }
+    out().Write("LA2,");
+    out().WriteInt(kind);
+}
+
+// The line type only decides whether ellipses may be drawn natively; no LT is ever written, so
+// dashed curves come flattened from the host.
+void VRKPrintHPGL2Generator::DrvSetLineStyle(int style) {
+    closeEncodedPolyline();
+    switch (style) {
+        case 1:
+            currentLineType = 1;
+            break;
+        case 2:
+            currentLineType = 2;
+            linePatternLength = 2.0f;
+            break;
+        case 3:
+            currentLineType = 3;
+            linePatternLength = 5.5f;
+            break;
+        case 4:
+            currentLineType = 5;
+            linePatternLength = 10.0f;
+            break;
+        case 5:
+            currentLineType = 6;
+            linePatternLength = 12.0f;
+            break;
+        case 6:
+        case 7:
+            currentLineType = 8;
+            linePatternLength = 0.0f;
+            break;
+        default:
+            currentLineType = style;
+            break;
+    }
+}
+
+void VRKPrintHPGL2Generator::DrvSetLineStyle(VRKPrintLineAttribute style, float length,
+                                             const float* /*pattern*/) {
+    closeEncodedPolyline();
+    switch (static_cast<int>(style)) {
+        case 0:
+            currentLineType = 1;
+            break;
+        case 1:
+            currentLineType = 2;
+            linePatternLength = 2.0f;
+            break;
+        case 2:
+            currentLineType = 3;
+            linePatternLength = 5.5f;
+            break;
+        case 3:
+            currentLineType = 5;
+            linePatternLength = 10.0f;
+            break;
+        case 4:
+            currentLineType = 6;
+            linePatternLength = 12.0f;
+            break;
+        case 5:
+        case 6:
+        case 7:
+            currentLineType = 8;
+            linePatternLength = length;
+            break;
+        default:
+            break;
+    }
+}
+
+void VRKPrintHPGL2Generator::DrvSetTextAttribute(VRKPrintTextAttribute kind, float value) {
+    VRKPrintFileGenerator::DrvSetTextAttribute(kind, value);
+    if (isHPGL()) {
+        return;
+    }
+    closeEncodedPolyline();
+    VRKPrintStream& s = out();
+    const int v = static_cast<int>(value);
+    switch (static_cast<int>(kind)) {
+        case 0:  // font: the plotter typeface standing in for it
+            switch (v) {
+                case 11:
+                    textTypeface = hostDrawsDefaultFont != 0 ? -1 : 3;
+                    break;
+                case 12:
+                case 15:
+                    textTypeface = 3;
+                    break;
+                case 13:
+                    textTypeface = 4;
+                    break;
+                case 14:
+                    textTypeface = 5;
+                    break;
+                case 16:
+                    textTypeface = 31;
+                    break;
+                case 17:
+                    textTypeface = 47;
+                    break;
+                case 18:
+                    textTypeface = 23;
+                    break;
+                case 19:
+                    textTypeface = 15;
+                    break;
+                case 20:
+                    textTypeface = 43;
+                    break;
+                case 21:
+                    textTypeface = 45;
+                    break;
+                default:
+                    break;
+            }
+            fontChanged = 1;
+            break;
+        case 2:  // size
+            textSize = value;
+            fontChanged = 1;
+            break;
+        case 4:  // weight: stroke weight -7 (thin) to 7 (bold)
+            switch (v) {
+                case 23:
+                    textWeight = -7;
+                    break;
+                case 24:
+                    textWeight = -3;
+                    break;
+                case 25:
+                    textWeight = 0;
+                    break;
+                case 26:
+                    textWeight = 3;
+                    break;
+                case 27:
+                    textWeight = 7;
+                    break;
+                default:
+                    break;
+            }
+            fontChanged = 1;
+            break;
+        case 5:  // slant, degrees
+            // The plotter leans characters the other way round from the host, hence the sign.
+            s.Write("SL");
+            s.WriteFloat(static_cast<int>(std::tan(value * kPi / 180) * -100) / 100.0);
+            textSlant = value;
+            break;
+        case 6: {  // direction, degrees, turned with the page
+            const double a = (value + textAngleOffset) * kPi / 180;
+            s.Write("DI");
+            s.WriteFloat(static_cast<int>(std::cos(a) * 100) / 100.0);
+            s.Put(',');
+            s.WriteFloat(static_cast<int>(std::sin(a) * 100) / 100.0);
+            break;
+        }
+        case 7:  // anchor
+            s.Write("LO");
+            s.WriteInt(labelOrigin(v));
+            break;
+        default:
+            break;
+    }
+}
+
+void VRKPrintHPGL2Generator::GetPrintTextManagement(VRKFont* /*font*/,
+                                                    const VRKUnicodeString& /*text*/,
+                                                    VRKPrintTextSupport& support,
+                                                    VRKPrintTextClipping& clipping) {
+    clipping = VRKTextClippingNone;
+    support = plotterDrawsText() ? VRKTextSupportGeneratorDraws : VRKTextSupportHostDraws;
+}
+
+bool VRKPrintHPGL2Generator::plotterDrawsText() const {
+    // The plotter's fonts lean forward by at most 45 degrees.
+    return !isHPGL() && textSlant >= 0.0f && textSlant <= 45.0f && GetTextAsGeometry() == 0 &&
+           textTypeface != -1;
+}
+
+void VRKPrintHPGL2Generator::DrvDrawText(float x, float y, const VRKUnicodeString& text) {
+    if (!plotterDrawsText()) {
+        VRKPrintFileGenerator::DrvDrawText(x, y, text);
+        return;
+    }
+    closeEncodedPolyline();
+    VRKPrintStream& s = out();
+    if (fontChanged != 0) {
+        fontChanged = 0;
+        // Symbol set 14 (ISO 8859-1), then the spacing and its size.
+        s.Write("SD1,14,2,");
+        if (textTypeface == 3 && textSize > 0.0f) {
+            // Fixed spacing: pitch in characters per inch for this character height.
+            s.Write("0,3,");
+            s.WriteFloat(1 / (textSize / 25.4 * 0.6024823502618993));
+        } else {
+            // Proportional spacing: height in points.
+            s.Write("1,4,");
+            s.WriteFloat(textSize / 0.35277777777777775);
+        }
+        s.Write(",6,");
+        s.WriteInt(textWeight);
+        s.Write(",7,");
+        s.WriteInt(textTypeface);
+        s.Write("SS");
+    }
+    // An ETX inside the text ends the label there; the character after it is blanked, as the
+    // labels have always been written.
+    std::string label = text.ConvertToChar().str();
+    for (std::size_t i = 0; i + 1 < label.size(); ++i) {
+        if (label[i] == HPGL2Encoding::kLabelTerminator) {
+            label[i + 1] = ' ';
+        }
+    }
+    s.Write("PU");
+    s.WriteFloat(static_cast<float>(static_cast<int>(x * 40.0)) + originOffsetX);
+    s.Put(',');
+    s.WriteFloat(static_cast<float>(static_cast<int>(y * 40.0)) + originOffsetY);
+    s.Write("LB");
+    s.Write(label);
+    s.Put(HPGL2Encoding::kLabelTerminator);
+}

@@ -1,0 +1,200 @@
+// Curves the plotter draws natively: Bézier chains (BZ), full circles and full ellipses (AA, WG
+// in a stretched user scale). Everything else goes to the host's flattening.
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKPrintStream.h"
+
+namespace {
+
+constexpr double kTwoPi = 2.0 * std::numbers::pi;
+constexpr double kRadiansToDegrees = 180.0 / std::numbers::pi;
+
+// Largest extent an SC scaling may have: user units must stay within 23 bits.
+constexpr double kLargestScale = 8388607.0;
+constexpr double kReducedScale = 8000000.0;
+// Curves larger than this (millimetres) are left to the host.
+constexpr float kLargestRadius = 10000.0f;
+
+}  // namespace
+
+void VRKPrintHPGL2Generator::DrvDrawPolyBezier(int count, const float* xy) {
+    if (count < 4 || xy == nullptr) {
+        return;
+    }
+    if (isHPGL()) {
+        VRKPrintFileGenerator::DrvDrawPolyBezier(count, xy);
+        return;
+    }
+    VRKPrintStream& s = out();
+    closeEncodedPolyline();
+    s.Write("SP");
+    s.WriteInt(currentDrawColor);
+    int px, py;
+    toPlotterUnits(xy[0], xy[1], px, py);
+    s.Write("PU");
+    s.WriteInt(px);
+    s.Put(',');
+    s.WriteInt(py);
+    s.Write("PD;");
+    lastEncodedX = px;
+    lastEncodedY = py;
+    // Callers pass 3k+1 points; a chain with points left over ends with its last whole segment.
+    const int segments = std::min((count - 2) / 3 + 1, (count - 1) / 3);
+    for (int g = 0; g < segments; ++g) {
+        s.Write("BZ");
+        const float* p = xy + 2 + 6 * g;
+        for (int k = 0; k < 6; ++k) {
+            if (k > 0) {
+                s.Put(',');
+            }
+            s.WriteFloat(p[k] * 40.0);
+        }
+    }
+    // Back to the chain's first point, pen up.
+    s.Write("PU");
+    s.WriteInt(px);
+    s.Put(',');
+    s.WriteInt(py);
+}
+
+void VRKPrintHPGL2Generator::DrvDrawArcCircle(float cx, float cy, float radius, float start,
+                                              float end, int filled) {
+    if (radius <= 0.0f) {
+        return;
+    }
+    if (start > end) {
+        end = static_cast<float>(end + kTwoPi);
+    }
+    if (radius > kLargestRadius || (end - start) < kTwoPi || isHPGL()) {
+        VRKPrintFileGenerator::DrvDrawArcCircle(cx, cy, radius, start, end, filled);
+        return;
+    }
+    VRKPrintHPGL2Generator::DrvDrawArcEllipse(cx, cy, radius, radius, start, end, 0.0f, filled);
+}
+
+void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start,
+                                               float end, float rotation, int filled) {
+    if (rx <= 0.0f && ry <= 0.0f) {
+        return;
+    }
+    if (start > end) {
+        end = static_cast<float>(end + kTwoPi);
+    }
+    // Only a full, unrotated, solid ellipse has a native form; the plotter's own line types are
+    // never used.
+    if (rx > kLargestRadius || ry > kLargestRadius || (end - start) < kTwoPi || isHPGL() ||
+        rotation != 0.0f || currentLineType != 1) {
+        VRKPrintFileGenerator::DrvDrawArcEllipse(cx, cy, rx, ry, start, end, rotation, filled);
+        return;
+    }
+    VRKPrintStream& s = out();
+    const double sweep = (end - start) * kRadiansToDegrees;
+    closeEncodedPolyline();
+
+    // Unequal radii: a circle of the larger radius drawn in a user scale that shrinks one axis by
+    // the ratio of the radii. Which plotter axis that is depends on the page rotation.
+    const bool stretched = rx != ry;
+    const bool rySmaller = ry < rx;
+    const double ratio = rySmaller ? static_cast<double>(rx) / ry : static_cast<double>(ry) / rx;
+    const bool uprightPage = pageRotation == 0.0f || pageRotation == 180.0f;
+    // Stretch y when the smaller radius is ry on an upright page, or rx on a turned one.
+    const bool stretchY = rySmaller == uprightPage;
+    double scaleX = pageWidth, scaleY = pageHeight;
+    double centreX = cx, centreY = cy;
+    if (stretchY) {
+        scaleY *= ratio;
+    } else {
+        scaleX *= ratio;
+    }
+    const auto writeScale = [&s](double x, double y) {
+        s.Write("SC0,");
+        s.WriteFloat(x);
+        s.Write(",0,");
+        s.WriteFloat(y);
+        s.Write(",0;");
+    };
+
+    if (filled == 0) {
+        double radius = std::min(rx, ry);
+        if (stretched) {
+            radius = std::max(rx, ry);
+            if (stretchY) {
+                centreY *= ratio;
+            } else {
+                centreX *= ratio;
+            }
+            // Keep the stretched extent within 23 bits: scale page, centre and radius down
+            // together so that it comes to 8,000,000.
+            const double extent = stretchY ? scaleY : scaleX;
+            if (extent > kLargestScale) {
+                const double factor = kReducedScale / ratio / (stretchY ? pageHeight : pageWidth);
+                scaleX *= factor;
+                scaleY *= factor;
+                centreX *= factor;
+                centreY *= factor;
+                radius *= factor;
+            }
+            writeScale(scaleX, scaleY);
+        }
+        const double startX = centreX + std::cos(static_cast<double>(start)) * radius;
+        const double startY = centreY + std::sin(static_cast<double>(start)) * radius;
+        s.Write("PU");
+        s.WriteFloat(startX * 40.0);
+        s.Put(',');
+        s.WriteFloat(startY * 40.0);
+        s.Write("PD;AA");
+        s.WriteFloat(centreX * 40.0);
+        s.Put(',');
+        s.WriteFloat(centreY * 40.0);
+        s.Put(',');
+        s.WriteFloat(sweep);
+        s.Write(",.5");  // chord angle 0.5 degree
+    } else {
+        // A wedge around the pen position fills the whole ellipse.
+        s.Write("PU");
+        s.WriteFloat(cx * 40.0);
+        s.Put(',');
+        s.WriteFloat(cy * 40.0);
+        const bool otherPen = currentFillColor != currentDrawColor;
+        if (otherPen) {
+            s.Write("SP");
+            s.WriteInt(currentFillColor);
+        }
+        if (stretched) {
+            writeScale(scaleX, scaleY);
+        }
+        s.Write("WG");
+        s.WriteFloat(rx * 40.0);
+        s.Put(',');
+        s.WriteFloat(start * kRadiansToDegrees);
+        s.Put(',');
+        s.WriteFloat(sweep);
+        s.Write(",.5");
+        if (stretched) {
+            restoreScale();
+        }
+        if (otherPen) {
+            s.Write("SP");
+            s.WriteInt(currentDrawColor);
+        }
+        return;
+    }
+    if (stretched) {
+        restoreScale();
+    }
+}
+
+void VRKPrintHPGL2Generator::restoreScale() {
+    // Back to plotter units. The restore has always been written as an isotropic scaling (type 1)
+    // while the stretch is anisotropic (type 0); plotters accept both for these numbers.
+    VRKPrintStream& s = out();
+    s.Write("SC0,");
+    s.WriteFloat(pageWidth);
+    s.Write(",0,");
+    s.WriteFloat(pageHeight);
+    s.Write(",1;");
+}
