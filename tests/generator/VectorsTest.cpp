@@ -1,0 +1,323 @@
+#include <gtest/gtest.h>
+
+#include <numbers>
+#include <string>
+
+#include "properties/VRKPrintHPGLProperties.h"
+#include "support/HPGL2Peer.h"
+#include "support/Printable.h"
+
+namespace {
+
+const float kTwoPi = static_cast<float>(2.0 * std::numbers::pi);
+
+// An HP-GL job on A4 with pen 1 (black) selected.
+struct PenPlot {
+    explicit PenPlot(bool relative) {
+        g.UseHPGL();
+        g.hpglSettings->SetRelativeMovePen(relative ? 1 : 0);
+        g.Begin(FormParameters(210, 297, 1));
+        g.DefineColor(1, 0, 0, 0);
+        g.SelectDrawColor(1);
+        g.Take();
+    }
+    HPGL2Peer g;
+};
+
+TEST(HPGLLines, MoveIsPendingUntilTheLine) {
+    PenPlot p(false);
+    p.g.MoveTo(10, 10);
+    p.g.MoveTo(20, 20);
+    EXPECT_EQ(p.g.Take(), "");
+    p.g.LineTo(30, 20);
+    p.g.LineTo(30, 30);
+    EXPECT_EQ(p.g.Take(), "PU800,800PD1200,800PD1200,1200");
+}
+
+TEST(HPGLLines, MoveToTheCurrentPointIsNotPending) {
+    PenPlot p(false);
+    p.g.MoveTo(10, 10);
+    p.g.LineTo(20, 10);
+    p.g.MoveTo(20, 10);
+    p.g.LineTo(20, 20);
+    EXPECT_EQ(p.g.Take(), "PU400,400PD800,400PD800,800");
+}
+
+TEST(HPGLLines, RelativeModeWritesDifferences) {
+    PenPlot p(true);
+    p.g.MoveTo(10, 10);
+    p.g.LineTo(20, 10);
+    p.g.LineTo(20, 15);
+    p.g.MoveTo(0, 0);
+    p.g.LineTo(1, 1);
+    EXPECT_EQ(p.g.Take(), "PU400,400PD400,0PD0,200PU-800,-600PD40,40");
+}
+
+TEST(HPGLLines, RelativeModeFromACentredOrigin) {
+    HPGL2Peer g;
+    g.UseHPGL();
+    g.hpglSettings->SetOrigin(0);
+    g.Begin(FormParameters(210, 297, 1));
+    g.DefineColor(1, 0, 0, 0);
+    g.SelectDrawColor(1);
+    g.MoveTo(1, 1);
+    g.LineTo(2, 1);
+    EXPECT_EQ(g.Take(), "PU-4200,-5940PR;SP1;SP1PU4240,5980PD40,0");
+}
+
+TEST(HPGLLines, PenZeroDrawsNothing) {
+    HPGL2Peer g;
+    g.UseHPGL();
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.MoveTo(10, 10);
+    g.LineTo(20, 20);
+    EXPECT_EQ(g.Take(), "");
+    EXPECT_EQ(g.movePending, 1);
+    // The move is still pending when a pen comes.
+    g.DefineColor(1, 0, 0, 0);
+    g.SelectDrawColor(1);
+    g.LineTo(20, 20);
+    EXPECT_EQ(g.Take(), "SP1PU400,400PD400,400");
+}
+
+TEST(HPGLLines, TwoStrokesGiveThreeAtMinusZeroPlus) {
+    PenPlot p(false);
+    p.g.strokeCount = 2;
+    p.g.strokeSpacing = 4.0f;
+    p.g.MoveTo(10, 10);
+    p.g.LineTo(20, 10);
+    // Along -x from the end: a = pi, so the offsets go into y: -cos(a) * d.
+    EXPECT_EQ(p.g.Take(),
+              "PU400,400"
+              "PU400,404PD800,404"
+              "PU400,400PD800,400"
+              "PU400,396PD800,396");
+}
+
+TEST(HPGLLines, ThreeStrokesSpreadByAnExtraHalfSpacing) {
+    PenPlot p(false);
+    p.g.strokeCount = 3;
+    p.g.strokeSpacing = 4.0f;
+    p.g.MoveTo(10, 10);
+    p.g.LineTo(10, 20);
+    // Along +y: a = -pi/2, sin = -1: dx = -d.
+    EXPECT_EQ(p.g.Take(),
+              "PU400,400"
+              "PU394,400PD394,800"
+              "PU400,400PD400,800"
+              "PU406,400PD406,800");
+}
+
+TEST(HPGLLines, SixStrokesFromThePenChoice) {
+    PenPlot p(false);
+    p.g.SetDrawWidth(0.7f);  // pen 1 is 0.35 mm: 6 strokes 2.8 units apart
+    EXPECT_EQ(p.g.strokeCount, 6);
+    p.g.MoveTo(0, 0);  // the pen is there already: no move
+    p.g.LineTo(10, 0);
+    // i = -3..3: d = -8.4, -5.6, -2.8, 0, 2.8, 5.6, 8.4; along -x dy = trunc(-cos(pi) * d).
+    EXPECT_EQ(p.g.Take(),
+              "PU0,8PD400,8PU0,5PD400,5PU0,2PD400,2PU0,0PD400,0"
+              "PU0,-2PD400,-2PU0,-5PD400,-5PU0,-8PD400,-8");
+}
+
+TEST(HPGLLines, StrokesInRelativeMode) {
+    PenPlot p(true);
+    p.g.strokeCount = 2;
+    p.g.strokeSpacing = 4.0f;
+    p.g.MoveTo(10, 10);
+    p.g.LineTo(20, 10);
+    EXPECT_EQ(p.g.Take(),
+              "PU400,400"
+              "PU0,4PD400,0"
+              "PU-400,-4PD400,0"
+              "PU-400,-4PD400,0");
+    EXPECT_EQ(p.g.originX, 800);
+    EXPECT_EQ(p.g.originY, 396);
+}
+
+TEST(PolyBezier, ThreePointsWriteNothing) {
+    HPGL2Peer g;
+    const float xy[] = {0, 0, 1, 0, 1, 1};
+    g.DrawPolyBezier(3, xy);
+    g.DrawPolyBezier(4, nullptr);
+    EXPECT_EQ(g.Take(), "");
+}
+
+TEST(PolyBezier, NativeSegments) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.LineTo(0, 0);
+    g.Take();
+    const float xy[] = {1, 2, 1.5f, 2, 2, 2.5f, 2, 3, 2, 4, 3, 4, 3.001f, 5};
+    g.DrawPolyBezier(7, xy);
+    EXPECT_EQ(g.Take(),
+              ";SP0PU40,80PD;"
+              "BZ60.00,80.00,80.00,100.00,80.00,120.00"
+              "BZ80.00,160.00,120.00,160.00,120.04,200.00"
+              "PU40,80");
+    EXPECT_EQ(g.lastEncodedX, 40);
+    EXPECT_EQ(g.lastEncodedY, 80);
+    EXPECT_EQ(g.encodedPolylineOpen, 0);
+}
+
+TEST(PolyBezier, LeftoverPointsAreNotRead) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    const float xy[] = {0, 0, 1, 0, 1, 1, 0, 1, 5, 5};
+    g.DrawPolyBezier(5, xy);
+    EXPECT_EQ(g.Take(), "SP0PU0,0PD;BZ40.00,0.00,40.00,40.00,0.00,40.00PU0,0");
+}
+
+TEST(PolyBezier, HPGLFlattens) {
+    PenPlot p(false);
+    const float xy[] = {0, 0, 10, 0, 10, 10, 0, 10};
+    p.g.DrawPolyBezier(4, xy);
+    const std::string out = p.g.Take();
+    // The pen is at 0,0 already: the flattened curve starts with a line.
+    EXPECT_EQ(out.substr(0, 2), "PD");
+    EXPECT_EQ(out.find("BZ"), std::string::npos);
+    EXPECT_EQ(out.substr(out.size() - 7), "PD0,400");
+}
+
+TEST(Circles, FullSweepIsNative) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.DrawArcCircle(10, 10, 5, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,400.00PD;AA400.00,400.00,360.00,.5");
+}
+
+TEST(Circles, StartAboveEndSweepsThroughTheStart) {
+    HPGL2Peer g;
+    // 1 rad to 0.5 rad goes round through 0: a sweep of 2 pi - 0.5, flattened.
+    g.DrawArcCircle(10, 10, 5, 1.0f, 0.5f, 0);
+    const std::string out = g.Take();
+    EXPECT_EQ(out.substr(0, 4), "PE=<");
+    EXPECT_EQ(out.find("AA"), std::string::npos);
+}
+
+TEST(Circles, AlmostFullSweepIsFlattened) {
+    HPGL2Peer g;
+    g.DrawArcCircle(10, 10, 5, 0, kTwoPi - 0.001f, 0);
+    const std::string out = g.Take();
+    EXPECT_EQ(out.substr(0, 4), "PE=<");
+    EXPECT_EQ(out.find("AA"), std::string::npos);
+}
+
+TEST(Circles, HugeRadiusIsFlattened) {
+    HPGL2Peer g;
+    g.DrawArcCircle(0, 0, 10000.5f, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take().find("AA"), std::string::npos);
+}
+
+TEST(Circles, ZeroRadiusDrawsNothing) {
+    HPGL2Peer g;
+    g.DrawArcCircle(0, 0, 0, 0, kTwoPi, 0);
+    g.DrawArcEllipse(0, 0, 0, -1, 0, kTwoPi, 0, 0);
+    EXPECT_EQ(g.Take(), "");
+}
+
+TEST(Circles, FilledCircleIsAWedge) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.SelectFillColor(3);
+    g.Take();
+    g.DrawArcCircle(10, 10, 5, 0, kTwoPi, 1);
+    EXPECT_EQ(g.Take(), "PU400.00,400.00SP3WG200.00,0.00,360.00,.5SP0");
+    g.SelectFillColor(0);
+    g.DrawArcCircle(10, 10, 5, 0, kTwoPi, 1);
+    EXPECT_EQ(g.Take(), "PU400.00,400.00WG200.00,0.00,360.00,.5");
+}
+
+TEST(Circles, HPGLFlattens) {
+    PenPlot p(false);
+    p.g.DrawArcCircle(10, 10, 5, 0, kTwoPi, 0);
+    const std::string out = p.g.Take();
+    EXPECT_EQ(out.substr(0, 10), "PU600,400P");
+    EXPECT_EQ(out.find("AA"), std::string::npos);
+}
+
+TEST(Ellipses, StretchedScaleOnAnUprightPage) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.DrawArcEllipse(50, 60, 20, 10, 0, kTwoPi, 0, 0);
+    EXPECT_EQ(g.Take(),
+              "SC0,8400.00,0,23760.00,0;PU2800.00,4800.00PD;AA2000.00,4800.00,360.00,.5"
+              "SC0,8400.00,0,11880.00,1;");
+}
+
+TEST(Ellipses, StretchedScaleOnATurnedPage) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1, 1));
+    g.Take();
+    g.DrawArcEllipse(50, 60, 20, 10, 0, kTwoPi, 0, 0);
+    EXPECT_EQ(g.Take(),
+              "SC0,16800.00,0,11880.00,0;PU4800.00,2400.00PD;AA4000.00,2400.00,360.00,.5"
+              "SC0,8400.00,0,11880.00,1;");
+}
+
+TEST(Ellipses, TallEllipseSwapsTheAxes) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.DrawArcEllipse(50, 60, 10, 30, 0, kTwoPi, 0, 0);
+    // rx smaller, upright page: x stretched by 3, the centre's x with it, radius 30.
+    EXPECT_EQ(g.Take(),
+              "SC0,25200.00,0,11880.00,0;PU7200.00,2400.00PD;AA6000.00,2400.00,360.00,.5"
+              "SC0,8400.00,0,11880.00,1;");
+}
+
+TEST(Ellipses, ScaleStaysWithin23Bits) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.DrawArcEllipse(10, 10, 1000, 1, 0, kTwoPi, 0, 0);
+    // 11880 * 1000 is above 8388607: everything scaled by 8000000 / 1000 / 11880.
+    EXPECT_EQ(g.Take(),
+              "SC0,5656.57,0,8000000.00,0;PU27205.39,269360.27PD;AA269.36,269360.27,360.00,.5"
+              "SC0,8400.00,0,11880.00,1;");
+}
+
+TEST(Ellipses, FilledWithOtherPen) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.SelectFillColor(3);
+    g.Take();
+    g.DrawArcEllipse(50, 60, 20, 10, 0, kTwoPi, 0, 1);
+    EXPECT_EQ(g.Take(),
+              "PU2000.00,2400.00SP3SC0,8400.00,0,23760.00,0;WG800.00,0.00,360.00,.5"
+              "SC0,8400.00,0,11880.00,1;SP0");
+}
+
+TEST(Ellipses, RotatedOrDashedGoToTheHost) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.DrawArcEllipse(50, 60, 20, 10, 0, kTwoPi, 0.5f, 0);
+    std::string out = g.Take();
+    EXPECT_EQ(out.substr(0, 4), "PE=<");
+    EXPECT_EQ(out.find("SC"), std::string::npos);
+    g.SetLineStyle(2);
+    g.DrawArcEllipse(50, 60, 20, 10, 0, kTwoPi, 0, 0);
+    out = g.Take();
+    EXPECT_EQ(out.find("SC"), std::string::npos);
+    EXPECT_EQ(out.find("AA"), std::string::npos);
+    g.SetLineStyle(1);
+    g.DrawArcEllipse(50, 60, 20, 20, 0, kTwoPi, 0, 0);
+    EXPECT_EQ(g.Take(), ";PU2800.00,2400.00PD;AA2000.00,2400.00,360.00,.5");
+}
+
+TEST(Ellipses, FilledPartialArcBecomesAFill) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    g.DrawArcEllipse(50, 60, 20, 10, 0, 1, 0, 1);
+    const std::string out = g.Take();
+    EXPECT_EQ(out.find("WG"), std::string::npos);
+    EXPECT_EQ(out.substr(0, 4), "PE=<");  // the outline of the sector, from the centre
+}
+
+}  // namespace
