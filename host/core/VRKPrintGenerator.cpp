@@ -312,7 +312,52 @@ void VRKPrintGenerator::DrvFillArea(int nbPolygons, const int* nbPoints, const f
 }
 
 void VRKPrintGenerator::DrvDrawBitmap(float /*x*/, float /*y*/, const VRKPixelImage* /*image*/) {}
-void VRKPrintGenerator::DrvDrawText(float /*x*/, float /*y*/, const VRKUnicodeString& /*text*/) {}
+
+void VRKPrintGenerator::DrvDrawText(float x, float y, const VRKUnicodeString& text) {
+    VRKTextOutliner* outliner = VRKTextOutliner::Installed();
+    if (outliner == nullptr || text.IsEmpty()) {
+        return;
+    }
+    VRKTextOutliner::Outlines glyphs;
+    if (!outliner->Outline(text, x, y, textSize_, textDirection_, textSlant_, textAnchor_,
+                           textWeight_, glyphs) ||
+        glyphs.glyphContours.empty()) {
+        return;
+    }
+    FillGlyphs(glyphs);
+}
+
+void VRKPrintGenerator::FillGlyphs(const VRKTextOutliner::Outlines& glyphs) {
+    // Glyph contours wind the font's way: a hole turns against its letter, and overlapping
+    // parts of a composed glyph (an accent on its letter) must not cancel. Only the non-zero
+    // rule fills both right.
+    const int previousRule = fillRule_;
+    const bool switchRule = previousRule != 1;
+    if (switchRule) {
+        DrvSetPolygonFillRule(1);
+    }
+    try {
+        const int* counts = glyphs.contourPoints.data();
+        const float* points = glyphs.points.data();
+        // One area per glyph keeps each fill small, as a plotter's polygon buffer wants it.
+        for (const int contours : glyphs.glyphContours) {
+            DrvFillArea(contours, counts, points);
+            for (int i = 0; i < contours; ++i) {
+                points += 2 * static_cast<std::ptrdiff_t>(counts[i]);
+            }
+            counts += contours;
+        }
+    } catch (...) {
+        if (switchRule) {
+            DrvSetPolygonFillRule(previousRule);
+        }
+        throw;
+    }
+    if (switchRule) {
+        DrvSetPolygonFillRule(previousRule);
+    }
+}
+
 void VRKPrintGenerator::DrvDefineColor(int /*index*/, float /*r*/, float /*g*/, float /*b*/) {}
 void VRKPrintGenerator::DrvSelectDrawColor(int /*index*/) {}
 void VRKPrintGenerator::DrvSelectFillColor(int /*index*/) {}

@@ -7,6 +7,7 @@
 #include "host/core/VRKPrintTextClipping.h"
 #include "host/core/VRKPrintTextSupport.h"
 #include "host/core/VRKString.h"
+#include "host/core/VRKTextOutliner.h"
 #include "host/core/VRKUnicodeString.h"
 
 class VRKFont;
@@ -115,7 +116,14 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     virtual void DrvFillArea(int nbPolygons, const int* nbPoints, const float* points);
     // Default: nothing; a generator without raster output leaves images out.
     virtual void DrvDrawBitmap(float x, float y, const VRKPixelImage* image);
-    // Default: nothing yet; text drawn as geometry comes with the font outlines.
+    // Default: text as geometry. The installed VRKTextOutliner (see VRKTextOutliner::Install)
+    // outlines the text at the kept size, direction, slant, anchor and weight (GetTextSize() and
+    // the others), and each glyph is filled with one DrvFillArea call (a glyph's contours form
+    // one area; a glyph without contours, like a space, makes no call). The non-zero rule is in
+    // force during those calls: when the kept rule is another, DrvSetPolygonFillRule(1) comes
+    // first and DrvSetPolygonFillRule(previous rule) after the last glyph. With no outliner
+    // installed (VRKHostFonts not loaded), or without a usable font, nothing is drawn and no
+    // hook is called.
     virtual void DrvDrawText(float x, float y, const VRKUnicodeString& text);
 
     // Colours and line attributes. Defaults: nothing (the base keeps no pen state).
@@ -146,6 +154,7 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void Guard(Call&& call) noexcept;
     void FlattenEllipse(float cx, float cy, float rx, float ry, double start, double sweep,
                         float rotation, bool asPolygon, bool sector);
+    void FillGlyphs(const VRKTextOutliner::Outlines& glyphs);
 
     VRKString language_;
     VRKPrintParameters params_;
