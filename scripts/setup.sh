@@ -13,6 +13,8 @@ packages=(
   libcli11-dev
   # Image files
   libpng-dev
+  # Text as geometry: glyph outlines and the default font
+  libfreetype-dev fonts-dejavu-core
 )
 
 missing=()
