@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/core/VRKPrintGenerator.h"
+#include "host/core/VRKPrintTextAttribute.h"
+#include "host/core/VRKTextOutliner.h"
+#include "host/fonts/VRKFreeTypeOutliner.h"
+#include "tests/fonts/FontMetrics.h"
+
+namespace {
+
+// A generator that records the hooks the default DrvDrawText calls, with the fill rule in force
+// at each fill.
+class TextRecorder : public VRKPrintGenerator {
+  public:
+    struct Fill {
+        int rule;
+        std::vector<int> counts;
+        std::vector<float> points;
+    };
+
+    TextRecorder() : VRKPrintGenerator("TEST") {}
+
+    // "R<rule>" for a fill rule change, "F<contours>" for a fill, "M" and "L" for moves and
+    // lines.
+    std::string log;
+    std::vector<Fill> fills;
+
+  protected:
+    void DrvSetPolygonFillRule(int rule) override {
+        log += "R" + std::to_string(rule) + ";";
+        VRKPrintGenerator::DrvSetPolygonFillRule(rule);
+    }
+    void DrvFillArea(int nbPolygons, const int* nbPoints, const float* points) override {
+        log += "F" + std::to_string(nbPolygons) + ";";
+        Fill fill{GetPolygonFillRule(), {nbPoints, nbPoints + nbPolygons}, {}};
+        long total = 0;
+        for (int i = 0; i < nbPolygons; ++i) {
+            total += nbPoints[i];
+        }
+        fill.points.assign(points, points + 2 * total);
+        fills.push_back(std::move(fill));
+    }
+    void DrvMoveTo(float, float) override { log += "M;"; }
+    void DrvLineTo(float, float) override { log += "L;"; }
+};
+
+// Keeps the process's outliner as it was, whatever a test installs.
+class DrawText : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        saved_ = VRKTextOutliner::Installed();
+        // The installed outliner reads the default font at its first text: make it DejaVu Sans.
+        if (const char* font = std::getenv("VRK_DEFAULT_FONT")) {
+            savedFont_ = font;
+        }
+        ::unsetenv("VRK_DEFAULT_FONT");
+    }
+    void TearDown() override {
+        VRKTextOutliner::Install(saved_);
+        if (savedFont_) {
+            ::setenv("VRK_DEFAULT_FONT", savedFont_->c_str(), 1);
+        }
+    }
+
+  private:
+    VRKTextOutliner* saved_ = nullptr;
+    std::optional<std::string> savedFont_;
+};
+
+TEST_F(DrawText, EachGlyphIsOneNonZeroFill) {
+    ASSERT_NE(VRKTextOutliner::Installed(), nullptr);
+    TextRecorder r;
+    r.SetPolygonFillRule(0);
+    r.SetTextAttribute(VRKTextSize, 10.0f);
+    r.log.clear();
+    r.DrawText(20.0f, 30.0f, "HELLO");
+    // Rule set to non-zero, five glyphs (O has its hole), the even-odd rule back.
+    EXPECT_EQ(r.log, "R1;F1;F1;F1;F1;F2;R0;");
+    ASSERT_EQ(r.fills.size(), 5u);
+    for (const auto& fill : r.fills) {
+        EXPECT_EQ(fill.rule, 1);
+    }
+    EXPECT_EQ(r.GetPolygonFillRule(), 0);
+    EXPECT_FALSE(r.HasFailed());
+}
+
+TEST_F(DrawText, FillsAreTheOutlinerOutlinesWithTheKeptAttributes) {
+    TextRecorder r;
+    r.SetTextAttribute(VRKTextSize, 7.5f);
+    r.SetTextAttribute(VRKTextDirection, 30.0f);
+    r.SetTextAttribute(VRKTextSlant, 12.0f);
+    r.SetTextAttribute(VRKTextAnchor, VRKAnchorTopRight);
+    r.SetTextAttribute(VRKTextWeight, VRKWeightBold);
+    r.DrawText(100.0f, 50.0f, "Ag é");
+
+    VRKFreeTypeOutliner outliner(dejavu::kPath);
+    VRKTextOutliner::Outlines expected;
+    ASSERT_TRUE(outliner.Outline("Ag é", 100.0f, 50.0f, 7.5f, 30.0f, 12.0f, VRKAnchorTopRight,
+                                 VRKWeightBold, expected));
+    ASSERT_EQ(r.fills.size(), expected.glyphContours.size());
+    ASSERT_EQ(r.fills.size(), 3u);
+    std::vector<int> counts;
+    std::vector<float> points;
+    for (std::size_t g = 0; g < r.fills.size(); ++g) {
+        EXPECT_EQ(static_cast<int>(r.fills[g].counts.size()), expected.glyphContours[g]);
+        counts.insert(counts.end(), r.fills[g].counts.begin(), r.fills[g].counts.end());
+        points.insert(points.end(), r.fills[g].points.begin(), r.fills[g].points.end());
+    }
+    EXPECT_EQ(counts, expected.contourPoints);
+    EXPECT_EQ(points, expected.points);
+}
+
+TEST_F(DrawText, RuleAlreadyNonZeroIsLeftAlone) {
+    TextRecorder r;
+    r.SetPolygonFillRule(1);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "H H");
+    EXPECT_EQ(r.log, "F1;F1;");
+    EXPECT_EQ(r.GetPolygonFillRule(), 1);
+}
+
+TEST_F(DrawText, NoOutlinerDrawsNothing) {
+    VRKTextOutliner::Install(nullptr);
+    TextRecorder r;
+    r.DrawText(0.0f, 0.0f, "HELLO");
+    EXPECT_EQ(r.log, "");
+    EXPECT_FALSE(r.HasFailed());
+}
+
+TEST_F(DrawText, MissingFontDrawsNothing) {
+    VRKFreeTypeOutliner missing("/nonexistent/fonts/NoSuchFont.ttf");
+    VRKTextOutliner::Install(&missing);
+    TextRecorder r;
+    r.SetPolygonFillRule(0);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "HELLO");
+    r.DrawText(0.0f, 0.0f, "again");
+    EXPECT_EQ(r.log, "");
+    EXPECT_FALSE(r.HasFailed());
+}
+
+TEST_F(DrawText, SpacesAloneCallNoHook) {
+    TextRecorder r;
+    r.DrawText(0.0f, 0.0f, "   ");
+    r.DrawText(0.0f, 0.0f, "");
+    EXPECT_EQ(r.log, "");
+}
+
+TEST_F(DrawText, DefaultFillDrawsTheGlyphOutlines) {
+    // Without a DrvFillArea of its own a generator gets the base's pattern fill, which draws
+    // each contour as a closed polygon: "H" is one contour of 12 corners.
+    class Lines : public VRKPrintGenerator {
+      public:
+        Lines() : VRKPrintGenerator("TEST") {}
+        std::string log;
+
+      protected:
+        void DrvMoveTo(float, float) override { log += "M"; }
+        void DrvLineTo(float, float) override { log += "L"; }
+    } g;
+    g.DrawText(0.0f, 0.0f, "H");
+    EXPECT_EQ(g.log, "M" + std::string(12, 'L'));
+}
+
+}  // namespace
