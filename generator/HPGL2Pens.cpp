@@ -59,13 +59,7 @@ class NearestPens {
 
 void VRKPrintHPGL2Generator::DrvDefineColor(int index, float r, float g, float b) {
     if (isHPGL()) {
-        // Kept for the pen choice; the plotter has no palette.
-        if (index >= 0 && index <= 255 && penRed != nullptr && penGreen != nullptr &&
-            penBlue != nullptr) {
-            penRed[index] = r;
-            penGreen[index] = g;
-            penBlue[index] = b;
-        }
+        hpglDefineColor(index, r, g, b);
         return;
     }
     closeEncodedPolyline();
@@ -75,6 +69,16 @@ void VRKPrintHPGL2Generator::DrvDefineColor(int index, float r, float g, float b
     for (const float component : {r, g, b}) {
         s.Put(',');
         s.WriteInt(static_cast<long long>(component * 255.0));
+    }
+}
+
+void VRKPrintHPGL2Generator::hpglDefineColor(int index, float r, float g, float b) {
+    // Kept for the pen choice; a pen plotter has no palette.
+    if (index >= 0 && index <= 255 && penRed != nullptr && penGreen != nullptr &&
+        penBlue != nullptr) {
+        penRed[index] = r;
+        penGreen[index] = g;
+        penBlue[index] = b;
     }
 }
 

@@ -19,6 +19,8 @@ class VRKPrintHPGLProperties;
 // in force except while a stretched ellipse is drawn.
 class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     VRK_DECLARE_CLASS(VRKPrintHPGL2Generator)
+    // The HP-GL generator drives an inner generator of this class through its HP-GL routines.
+    friend class VRKPrintHPGLGenerator;
 
   public:
     explicit VRKPrintHPGL2Generator(const VRKString& language = "HPGL2");
@@ -85,6 +87,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // Job start and end of the HP-GL dialect.
     void hpglJobStart(const VRKPrintParameters& params);
     void hpglJobEnd();
+    // Keeps a colour for the pen choice of the HP-GL dialect.
+    void hpglDefineColor(int index, float r, float g, float b);
     // The pen table of the HP-GL dialect, from the settings or from the "PenTable" file named by
     // the environment; the colour table file, kept open for the whole job.
     void buildPenTable();

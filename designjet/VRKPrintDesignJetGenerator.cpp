@@ -1,0 +1,36 @@
+#include "designjet/VRKPrintDesignJetGenerator.h"
+
+#include "host/core/VRKPrintStream.h"
+
+namespace {
+// Universal Exit Language: leaves whatever language the printer is in, back to PJL.
+constexpr const char kUniversalExit[] = "\x1b%-12345X";
+}  // namespace
+
+void VRKPrintDesignJetGenerator::Attach(VRKPrintStream* stream) {
+    jobName = stream != nullptr ? stream->GetPath() : VRKUnicodeString();
+    VRKPrintHPGL2Generator::Attach(stream);
+}
+
+void VRKPrintDesignJetGenerator::pjlLine(std::string_view text) {
+    out().Write(text);
+    out().EndLine();
+}
+
+void VRKPrintDesignJetGenerator::pjlJobLine() {
+    VRKPrintStream& s = out();
+    s.Write(kUniversalExit);
+    s.Write("@PJL JOB NAME=\"VORAN:");
+    s.Write(jobName.ConvertToChar().str());
+    s.Put('"');
+    s.EndLine();
+}
+
+void VRKPrintDesignJetGenerator::pjlEndOfJobLine() {
+    VRKPrintStream& s = out();
+    s.Write(kUniversalExit);
+    s.Write("@PJL EOJ NAME=\"VORAN:");
+    s.Write(jobName.ConvertToChar().str());
+    s.Put('"');
+    s.EndLine();
+}
