@@ -59,9 +59,8 @@ TEST(LineStyles, IntegerForm) {
         int style, type;
         float length;
     };
-    const Case cases[] = {{2, 2, 2.0f},   {3, 3, 5.5f},  {4, 5, 10.0f}, {5, 6, 12.0f},
-                          {6, 8, 0.0f},   {7, 8, 0.0f},  {1, 1, 0.0f},  {42, 42, 0.0f},
-                          {-3, -3, 0.0f}};
+    const Case cases[] = {{2, 2, 2.0f}, {3, 3, 5.5f}, {4, 5, 10.0f},  {5, 6, 12.0f}, {6, 8, 0.0f},
+                          {7, 8, 0.0f}, {1, 1, 0.0f}, {42, 42, 0.0f}, {-3, -3, 0.0f}};
     for (const Case& c : cases) {
         Plot p;
         p.g.linePatternLength = 0.0f;
@@ -201,9 +200,10 @@ TEST(Text, LabelWithTheInitialFont) {
     p.OpenRun();
     p.g.DrawText(3, 2, "Hello");
     p.g.DrawText(5, 2.01f, "x");
-    EXPECT_BYTES(";SD1,14,2,1,4,11.34,6,25,7,48SSPU120.00,80.00LBHello\x03"
-                 "PU200.00,80.00LBx\x03",
-                 p.g.Take());
+    EXPECT_BYTES(
+        ";SD1,14,2,1,4,11.34,6,25,7,48SSPU120.00,80.00LBHello\x03"
+        "PU200.00,80.00LBx\x03",
+        p.g.Take());
 }
 
 TEST(Text, FixedPitchForTypefaceThree) {
@@ -218,7 +218,9 @@ TEST(Text, FixedPitchForTypefaceThree) {
 TEST(Text, EtxEndsTheLabel) {
     Plot p;
     p.g.fontChanged = 0;
-    p.g.DrawText(0, 0, "AB\x03" "C");
+    p.g.DrawText(0, 0,
+                 "AB\x03"
+                 "C");
     EXPECT_BYTES("PU0.00,0.00LBAB\x03 \x03", p.g.Take());
 }
 

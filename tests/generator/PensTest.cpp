@@ -27,7 +27,7 @@ struct HPGLJob {
 
 // A fresh folder for table files, used as the temporary directory.
 class TableFolder {
-public:
+  public:
     TableFolder() {
         char pattern[] = "/tmp/vrk-tables-XXXXXX";
         dir_ = ::mkdtemp(pattern);
@@ -38,7 +38,7 @@ public:
         std::ofstream(dir_ + "/" + name) << text;
     }
 
-private:
+  private:
     std::string dir_;
 };
 
@@ -111,9 +111,9 @@ TEST(HPGLJobStart, OriginsInBothOrientations) {
             job.g.hpglSettings->SetOrigin(origin);
             job.g.hpglSettings->SetRelativeMovePen(0);
             job.g.Begin(FormParameters(210, 297, orientation));
-            EXPECT_EQ(job.g.Take(), std::string(orientation == 0 ? landscape[origin]
-                                                                 : portrait[origin]) +
-                                        "PA;SP1;")
+            EXPECT_EQ(
+                job.g.Take(),
+                std::string(orientation == 0 ? landscape[origin] : portrait[origin]) + "PA;SP1;")
                 << "origin " << origin << " orientation " << orientation;
         }
     }
@@ -397,7 +397,7 @@ TEST(PenTableFile, ShortLastRecord) {
     testing::internal::GetCapturedStdout();
     EXPECT_EQ(job.g.tableRed[4], 7.0f);
     EXPECT_EQ(job.g.tableGreen[4], 8.0f);
-    EXPECT_EQ(job.g.tableBlue[4], 3.0f);          // left from the record before
+    EXPECT_EQ(job.g.tableBlue[4], 3.0f);  // left from the record before
     EXPECT_EQ(job.g.tableThickness[4], 0.4f);
 }
 
@@ -468,8 +468,12 @@ TEST(ColorTableFile, SeveralPensChooseByThickness) {
     ScopedEnv tmp("TMPDIR", folder.Dir());
     ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
     HPGLJob job(false);
-    SetPens(job.g, {{0, 0, 0, 0.35f}, {0, 0, 0, 0.18f}, {0, 0, 0, 0.35f}, {0, 0, 0, 0.35f},
-                    {0, 0, 0, 0.35f}, {0, 0, 0, 0.7f}});
+    SetPens(job.g, {{0, 0, 0, 0.35f},
+                    {0, 0, 0, 0.18f},
+                    {0, 0, 0, 0.35f},
+                    {0, 0, 0, 0.35f},
+                    {0, 0, 0, 0.35f},
+                    {0, 0, 0, 0.7f}});
     testing::internal::CaptureStdout();
     job.g.Begin(FormParameters(210, 297, 1));
     testing::internal::GetCapturedStdout();
