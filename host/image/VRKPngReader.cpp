@@ -1,0 +1,246 @@
+#include "host/image/VRKPngReader.h"
+
+#include <png.h>
+
+#include <cerrno>
+#include <climits>
+#include <csetjmp>
+#include <cstdio>
+#include <cstring>
+
+#include "host/core/VRKPixelImage.h"
+
+// libpng reports errors through a callback that must not return. It leaves with png_longjmp()
+// back to the setjmp() in decode(); nothing between that setjmp() and the callback (libpng's own
+// frames, the callbacks below) owns anything with a destructor, and decode() keeps everything it
+// needs after the jump in the ReadState that its caller owns, so the jump skips no clean-up and
+// reads no clobbered local.
+
+namespace {
+
+// Where the bytes come from: an open file or a block of memory.
+struct Source {
+    std::FILE* file = nullptr;
+    const unsigned char* data = nullptr;
+    std::size_t size = 0;
+    std::size_t offset = 0;
+};
+
+// Reads exactly `length` bytes; false at the end of the data. A file read error leaves errno.
+bool readBytes(Source& source, unsigned char* out, std::size_t length, bool& failed) {
+    failed = false;
+    if (source.file != nullptr) {
+        const std::size_t n = std::fread(out, 1, length, source.file);
+        if (n != length) {
+            failed = std::ferror(source.file) != 0;
+            return false;
+        }
+        return true;
+    }
+    if (length > source.size - source.offset) {
+        return false;
+    }
+    std::memcpy(out, source.data + source.offset, length);
+    source.offset += length;
+    return true;
+}
+
+struct ReadState {
+    Source* source = nullptr;
+    char message[256] = "";
+    VRKPixelImage* image = nullptr;
+};
+
+[[noreturn]] void onError(png_structp png, png_const_charp message) {
+    auto* state = static_cast<ReadState*>(png_get_error_ptr(png));
+    std::snprintf(state->message, sizeof state->message, "%s",
+                  message != nullptr ? message : "libpng error");
+    png_longjmp(png, 1);
+}
+
+void onWarning(png_structp /*png*/, png_const_charp /*message*/) {
+    // Warnings concern ancillary chunks that libpng skips; the image itself is fine.
+}
+
+void onRead(png_structp png, png_bytep out, png_size_t length) {
+    auto* state = static_cast<ReadState*>(png_get_io_ptr(png));
+    bool failed = false;
+    if (!readBytes(*state->source, out, length, failed)) {
+        if (failed) {
+            png_error(png, std::strerror(errno));
+        }
+        png_error(png, "the file ends before the image does");
+    }
+}
+
+// Sets up libpng's transformations for the file's colour type and returns the pixel format that
+// results.
+int chooseFormat(png_structp png, png_infop info) {
+    const int colorType = png_get_color_type(png, info);
+    const int depth = png_get_bit_depth(png, info);
+    const bool transparency = png_get_valid(png, info, PNG_INFO_tRNS) != 0;
+    int format = VRKPixelImage::kUnsupported;
+    switch (colorType) {
+        case PNG_COLOR_TYPE_PALETTE:
+            png_set_palette_to_rgb(png);
+            format = VRKPixelImage::kRGB8;
+            break;
+        case PNG_COLOR_TYPE_GRAY:
+            if (transparency) {
+                png_set_expand_gray_1_2_4_to_8(png);
+                png_set_gray_to_rgb(png);
+                format = VRKPixelImage::kRGB8;
+            } else if (depth == 1) {
+                format = VRKPixelImage::kMono1;
+            } else {
+                if (depth < 8) {
+                    png_set_expand_gray_1_2_4_to_8(png);
+                }
+                format = VRKPixelImage::kGrey8;
+            }
+            break;
+        case PNG_COLOR_TYPE_GRAY_ALPHA:
+            png_set_gray_to_rgb(png);
+            format = VRKPixelImage::kRGBA8;
+            break;
+        case PNG_COLOR_TYPE_RGB:
+            format = VRKPixelImage::kRGB8;
+            break;
+        case PNG_COLOR_TYPE_RGB_ALPHA:
+            format = VRKPixelImage::kRGBA8;
+            break;
+        default:
+            png_error(png, "unknown colour type");
+    }
+    if (transparency) {
+        png_set_tRNS_to_alpha(png);
+        format = VRKPixelImage::kRGBA8;
+    }
+    if (depth == 16) {
+        png_set_scale_16(png);
+    }
+    return format;
+}
+
+// The part that runs under libpng's error handling. Returns false after a libpng error, with the
+// message in state->message; an image already made is left in state->image for the caller to
+// release.
+bool decode(png_structp png, png_infop info, ReadState* state) {
+    if (setjmp(png_jmpbuf(png)) != 0) {
+        return false;
+    }
+    png_read_info(png, info);
+    const png_uint_32 width = png_get_image_width(png, info);
+    const png_uint_32 height = png_get_image_height(png, info);
+    const int format = chooseFormat(png, info);
+    const int passes = png_set_interlace_handling(png);
+    png_read_update_info(png, info);
+
+    if (width > INT_MAX || height > INT_MAX) {
+        png_error(png, "image too large");
+    }
+    const std::size_t rowBytes = VRKPixelImage::BytesPerRow(format, static_cast<int>(width));
+    if (png_get_rowbytes(png, info) != rowBytes) {
+        png_error(png, "unexpected row layout after conversion");
+    }
+    if (rowBytes > VRKPngReader::kMaxImageBytes / height) {
+        png_error(png, "image too large");
+    }
+
+    float pixelWidth = VRKPixelImage::kDefaultPixelSize;
+    float pixelHeight = VRKPixelImage::kDefaultPixelSize;
+    png_uint_32 resX = 0, resY = 0;
+    int unit = PNG_RESOLUTION_UNKNOWN;
+    if (png_get_pHYs(png, info, &resX, &resY, &unit) != 0 && unit == PNG_RESOLUTION_METER &&
+        resX > 0 && resY > 0) {
+        pixelWidth = static_cast<float>(1000.0 / resX);
+        pixelHeight = static_cast<float>(1000.0 / resY);
+    }
+
+    state->image = VRKPixelImage::Create(static_cast<int>(width), static_cast<int>(height), format,
+                                         pixelWidth, pixelHeight);
+    if (state->image == nullptr) {
+        png_error(png, "out of memory");
+    }
+    // An interlaced file comes in several passes over the same rows; each pass adds its pixels
+    // to what the earlier ones left in the row.
+    for (int pass = 0; pass < passes; ++pass) {
+        for (png_uint_32 y = 0; y < height; ++y) {
+            png_read_row(png, state->image->GetRow(static_cast<int>(y)), nullptr);
+        }
+    }
+    png_read_end(png, nullptr);
+    return true;
+}
+
+VRKPixelImage* read(Source& source, std::string& error) {
+    unsigned char signature[8];
+    bool failed = false;
+    if (!readBytes(source, signature, sizeof signature, failed)) {
+        error = failed ? std::strerror(errno) : "not a PNG file";
+        return nullptr;
+    }
+    if (png_sig_cmp(signature, 0, sizeof signature) != 0) {
+        error = "not a PNG file";
+        return nullptr;
+    }
+
+    ReadState state;
+    state.source = &source;
+    png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, &state, onError, onWarning);
+    if (png == nullptr) {
+        error = "out of memory";
+        return nullptr;
+    }
+    png_infop info = png_create_info_struct(png);
+    if (info == nullptr) {
+        png_destroy_read_struct(&png, nullptr, nullptr);
+        error = "out of memory";
+        return nullptr;
+    }
+    png_set_read_fn(png, &state, onRead);
+    png_set_sig_bytes(png, sizeof signature);
+
+    const bool ok = decode(png, info, &state);
+    png_destroy_read_struct(&png, &info, nullptr);
+    if (!ok) {
+        if (state.image != nullptr) {
+            state.image->Release();
+        }
+        error = state.message;
+        return nullptr;
+    }
+    VRKPixelImage* image = state.image;
+    if (image->GetFormat() == VRKPixelImage::kMono1 && image->GetWidth() % 8 != 0) {
+        // The file leaves the bits after a row's last pixel unspecified; the image keeps them
+        // clear.
+        const auto mask = static_cast<unsigned char>(0xFF << (8 - image->GetWidth() % 8));
+        for (int y = 0; y < image->GetHeight(); ++y) {
+            image->GetRow(y)[image->GetBytesPerRow() - 1] &= mask;
+        }
+    }
+    error.clear();
+    return image;
+}
+
+}  // namespace
+
+VRKPixelImage* VRKPngReader::ReadFile(const std::string& path, std::string& error) {
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (file == nullptr) {
+        error = std::strerror(errno);
+        return nullptr;
+    }
+    Source source;
+    source.file = file;
+    VRKPixelImage* image = read(source, error);
+    std::fclose(file);
+    return image;
+}
+
+VRKPixelImage* VRKPngReader::ReadMemory(const void* data, std::size_t size, std::string& error) {
+    Source source;
+    source.data = static_cast<const unsigned char*>(data);
+    source.size = data != nullptr ? size : 0;
+    return read(source, error);
+}

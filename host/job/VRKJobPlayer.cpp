@@ -1,0 +1,726 @@
+#include "host/job/VRKJobPlayer.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <fstream>
+
+#include "host/core/VRKPixelImage.h"
+#include "host/core/VRKPrintGenerator.h"
+#include "host/image/VRKPngReader.h"
+#include "host/job/VRKJobNumber.h"
+
+namespace {
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.find_last_of('/');
+    if (slash == std::string::npos) {
+        return {};
+    }
+    return slash == 0 ? std::string("/") : path.substr(0, slash);
+}
+
+std::string stateName(bool begun) {
+    return begun ? "the job began on line " : "the job ended on line ";
+}
+
+}  // namespace
+
+// Sorted by nothing in particular: the list is short and looked up once per line.
+const VRKJobPlayer::Verb VRKJobPlayer::kVerbs[] = {
+    {"Begin", &VRKJobPlayer::DoBegin, "Begin [key=value ...]"},
+    {"StartNewPage", &VRKJobPlayer::DoStartNewPage, "StartNewPage [key=value ...]"},
+    {"End", &VRKJobPlayer::DoEnd, "End"},
+    {"MoveTo", &VRKJobPlayer::DoMoveTo, "MoveTo x y"},
+    {"LineTo", &VRKJobPlayer::DoLineTo, "LineTo x y"},
+    {"DrawPolyline", &VRKJobPlayer::DoDrawPolyline, "DrawPolyline n x1 y1 ... xn yn"},
+    {"DrawPolygon", &VRKJobPlayer::DoDrawPolygon, "DrawPolygon n x1 y1 ... xn yn"},
+    {"DrawPolyBezier", &VRKJobPlayer::DoDrawPolyBezier, "DrawPolyBezier n x1 y1 ... xn yn"},
+    {"DrawArcCircle", &VRKJobPlayer::DoDrawArcCircle, "DrawArcCircle cx cy r start end filled"},
+    {"DrawArcEllipse", &VRKJobPlayer::DoDrawArcEllipse,
+     "DrawArcEllipse cx cy rx ry start end rotation filled"},
+    {"FillArea", &VRKJobPlayer::DoFillArea, "FillArea k n1 ... nk x y ..."},
+    {"DrawBitmap", &VRKJobPlayer::DoDrawBitmap, "DrawBitmap x y \"file.png\" [pw ph]"},
+    {"DrawText", &VRKJobPlayer::DoDrawText, "DrawText x y \"text\""},
+    {"DefineColor", &VRKJobPlayer::DoDefineColor, "DefineColor i r g b"},
+    {"SelectDrawColor", &VRKJobPlayer::DoSelectDrawColor, "SelectDrawColor i"},
+    {"SelectFillColor", &VRKJobPlayer::DoSelectFillColor, "SelectFillColor i"},
+    {"SetDrawWidth", &VRKJobPlayer::DoSetDrawWidth, "SetDrawWidth w"},
+    {"SetLineCap", &VRKJobPlayer::DoSetLineCap, "SetLineCap v"},
+    {"SetLineJoin", &VRKJobPlayer::DoSetLineJoin, "SetLineJoin v"},
+    {"SetLineStyle", &VRKJobPlayer::DoSetLineStyle,
+     "SetLineStyle v, or SetLineStyle attr length [p1 p2 ...]"},
+    {"SetTextAttribute", &VRKJobPlayer::DoSetTextAttribute, "SetTextAttribute kind value"},
+    {"SetPolygonFillRule", &VRKJobPlayer::DoSetPolygonFillRule, "SetPolygonFillRule v"},
+    {"SetFillMode", &VRKJobPlayer::DoSetFillMode, "SetFillMode v"},
+};
+
+VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator) {}
+
+bool VRKJobPlayer::PlayFile(const std::string& path) {
+    error_ = VRKJobError{path, 0, {}};
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0) {
+        error_.message = std::string("cannot open the job file: ") + std::strerror(errno);
+        return false;
+    }
+    if (S_ISDIR(info.st_mode)) {
+        error_.message = "cannot open the job file: it is a folder";
+        return false;
+    }
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        error_.message = std::string("cannot open the job file: ") + std::strerror(errno);
+        return false;
+    }
+    return Play(in, path, folderOf(path));
+}
+
+bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
+                        const std::string& baseFolder) {
+    error_ = VRKJobError{fileName, 0, {}};
+    baseFolder_ = baseFolder;
+    state_ = State::kBeforeBegin;
+    beginLine_ = endLine_ = 0;
+    params_ = VRKPrintParameters();
+    line_ = 0;
+
+    std::string line;
+    while (std::getline(in, line)) {
+        if (line_ == INT_MAX) {
+            return Fail("too many lines");
+        }
+        ++line_;
+        if (!line.empty() && line.back() == '\r') {
+            line.pop_back();
+        }
+        if (!PlayLine(line, line_)) {
+            return false;
+        }
+    }
+    if (in.bad()) {
+        return Fail("cannot read the job file");
+    }
+    // Errors of the file as a whole are reported at its last line (line 1 for an empty file), so
+    // that every message of the player carries a line.
+    line_ = line_ > 0 ? line_ : 1;
+    if (state_ == State::kBeforeBegin) {
+        return Fail("no Begin in the file: a job runs from Begin to End");
+    }
+    if (state_ == State::kInJob) {
+        return Fail("missing End at the end of the file (" + stateName(true) +
+                    std::to_string(beginLine_) + ")");
+    }
+    error_.line = 0;
+    return true;
+}
+
+bool VRKJobPlayer::Fail(std::string message) {
+    error_.line = line_;
+    error_.message = std::move(message);
+    return false;
+}
+
+const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
+    for (const Verb& verb : kVerbs) {
+        if (name == verb.name) {
+            return &verb;
+        }
+    }
+    return nullptr;
+}
+
+bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
+    if (lineNumber == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") {
+        return Fail("the file starts with a byte order mark; job files are UTF-8 without one");
+    }
+    std::string lexError;
+    if (!lexer_.Split(line, lexError)) {
+        return Fail(std::move(lexError));
+    }
+    if (lexer_.Count() == 0) {
+        return true;
+    }
+    if (lexer_[0].isString) {
+        return Fail("a line starts with a verb, not with the string " +
+                    VRKJobLexer::Quote(lexer_[0].text));
+    }
+    const std::string_view name = lexer_[0].text;
+    verb_ = FindVerb(name);
+    if (verb_ == nullptr) {
+        std::string message = "unknown verb " + VRKJobLexer::Quote(name);
+        for (const Verb& verb : kVerbs) {
+            const std::string_view known = verb.name;
+            bool same = known.size() == name.size();
+            for (std::size_t i = 0; same && i < known.size(); ++i) {
+                same = (known[i] | 0x20) == (name[i] | 0x20);
+            }
+            if (same) {
+                message += " (verbs are case-sensitive: " + std::string(known) + ")";
+                break;
+            }
+        }
+        return Fail(std::move(message));
+    }
+
+    const bool isBegin = verb_->handler == &VRKJobPlayer::DoBegin;
+    if (state_ == State::kAfterEnd) {
+        return Fail(std::string(verb_->name) + " after End (" + stateName(false) +
+                    std::to_string(endLine_) + ")");
+    }
+    if (state_ == State::kInJob && isBegin) {
+        return Fail("a second Begin (" + stateName(true) + std::to_string(beginLine_) + ")");
+    }
+    if (state_ == State::kBeforeBegin && !isBegin) {
+        return Fail(std::string(verb_->name) + " before Begin");
+    }
+
+    if (!(this->*(verb_->handler))()) {
+        return false;
+    }
+    if (generator_.HasFailed()) {
+        return Fail(std::string("the generator failed in ") + verb_->name);
+    }
+    return true;
+}
+
+// ---- Arguments -------------------------------------------------------------------------------
+
+bool VRKJobPlayer::FailArgument(std::string_view what) {
+    return Fail(std::string(verb_->name) + ": " + std::string(what) + "; usage: " + verb_->usage);
+}
+
+bool VRKJobPlayer::ExpectArgs(std::size_t count) {
+    return ExpectArgsBetween(count, count);
+}
+
+bool VRKJobPlayer::ExpectArgsBetween(std::size_t least, std::size_t most) {
+    if (ArgCount() < least) {
+        return FailArgument("missing argument");
+    }
+    if (ArgCount() > most) {
+        return FailArgument("extra argument " + VRKJobLexer::Quote(lexer_[most + 1].text));
+    }
+    return true;
+}
+
+bool VRKJobPlayer::Word(std::size_t arg, std::string_view& word) {
+    const VRKJobToken& token = lexer_[arg + 1];
+    if (token.isString) {
+        return Fail(std::string(verb_->name) + ": expected a number, not the string " +
+                    VRKJobLexer::Quote(token.text));
+    }
+    word = token.text;
+    return true;
+}
+
+bool VRKJobPlayer::Number(std::string_view word, float& value, std::string_view what) {
+    switch (VRKJobNumber::ParseFloat(word, value)) {
+        case VRKJobNumber::Status::kOk:
+            return true;
+        case VRKJobNumber::Status::kOutOfRange:
+            return Fail(std::string(verb_->name) + ": " + std::string(what) +
+                        VRKJobLexer::Quote(word) + " is beyond the range of a float");
+        default:
+            return Fail(std::string(verb_->name) + ": " + std::string(what) +
+                        VRKJobLexer::Quote(word) + " is not a number");
+    }
+}
+
+bool VRKJobPlayer::IntNumber(std::string_view word, int& value, std::string_view what) {
+    switch (VRKJobNumber::ParseInt(word, value)) {
+        case VRKJobNumber::Status::kOk:
+            return true;
+        case VRKJobNumber::Status::kNotAnInteger:
+            return Fail(std::string(verb_->name) + ": " + std::string(what) +
+                        VRKJobLexer::Quote(word) + " is not an integer");
+        case VRKJobNumber::Status::kOutOfRange:
+            return Fail(std::string(verb_->name) + ": " + std::string(what) +
+                        VRKJobLexer::Quote(word) + " is beyond the range of an integer");
+        default:
+            return Fail(std::string(verb_->name) + ": " + std::string(what) +
+                        VRKJobLexer::Quote(word) + " is not a number");
+    }
+}
+
+bool VRKJobPlayer::Float(std::size_t arg, float& value) {
+    std::string_view word;
+    return Word(arg, word) && Number(word, value, "");
+}
+
+bool VRKJobPlayer::Int(std::size_t arg, int& value) {
+    std::string_view word;
+    return Word(arg, word) && IntNumber(word, value, "");
+}
+
+bool VRKJobPlayer::String(std::size_t arg, const std::string*& value) {
+    const VRKJobToken& token = lexer_[arg + 1];
+    if (!token.isString) {
+        return FailArgument("expected a string in double quotes, got " +
+                            VRKJobLexer::Quote(token.text));
+    }
+    value = &token.value;
+    return true;
+}
+
+bool VRKJobPlayer::Points(std::size_t first, long long count, std::string_view what) {
+    const auto given = static_cast<long long>(ArgCount() - first);
+    if (count < 0) {
+        return FailArgument("a negative point count");
+    }
+    if (given != 2 * count) {
+        std::string message = std::string(verb_->name) + ": ";
+        if (!what.empty()) {
+            message += std::string(what) + ' ' + std::to_string(count) + " points, which need ";
+        } else {
+            message += std::to_string(count) + (count == 1 ? " point needs " : " points need ");
+        }
+        return Fail(message + std::to_string(2 * count) + " coordinates; " + std::to_string(given) +
+                    " given");
+    }
+    points_.resize(static_cast<std::size_t>(given));
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        if (!Float(first + i, points_[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// ---- Parameters of Begin and StartNewPage ----------------------------------------------------
+
+bool VRKJobPlayer::Parameters(VRKPrintParameters& params, bool& given) {
+    static constexpr std::string_view kKeys[] = {
+        "width", "height", "orientation", "rotation", "colorMode", "margins", "textAsGeometry"};
+    bool seen[std::size(kKeys)] = {};
+    given = ArgCount() > 0;
+    for (std::size_t arg = 0; arg < ArgCount(); ++arg) {
+        const VRKJobToken& token = lexer_[arg + 1];
+        const std::size_t equals = token.text.find('=');
+        if (token.isString || equals == std::string_view::npos || equals == 0) {
+            return FailArgument("expected key=value, got " + VRKJobLexer::Quote(token.text));
+        }
+        const std::string_view key = token.text.substr(0, equals);
+        const std::string_view value = token.text.substr(equals + 1);
+        std::size_t k = 0;
+        while (k < std::size(kKeys) && kKeys[k] != key) {
+            ++k;
+        }
+        if (k == std::size(kKeys)) {
+            return Fail(std::string(verb_->name) + ": unknown key " + VRKJobLexer::Quote(key) +
+                        " (keys: width height orientation rotation colorMode margins "
+                        "textAsGeometry)");
+        }
+        if (seen[k]) {
+            return Fail(std::string(verb_->name) + ": the key " + VRKJobLexer::Quote(key) +
+                        " is given twice");
+        }
+        seen[k] = true;
+        if (!Parameter(key, value, params)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool VRKJobPlayer::Parameter(std::string_view key, std::string_view value,
+                             VRKPrintParameters& params) {
+    const std::string what = std::string(key) + ": ";
+    if (key == "width" || key == "height") {
+        float size = 0.0f;
+        if (!Number(value, size, what)) {
+            return false;
+        }
+        if (!(size > 0.0f)) {
+            return Fail(std::string(verb_->name) + ": " + std::string(key) +
+                        " must be greater than 0");
+        }
+        if (key == "width") {
+            params.GetForm().SetWidth(size);
+        } else {
+            params.GetForm().SetHeight(size);
+        }
+        return true;
+    }
+    if (key == "margins") {
+        return Margins(value, params);
+    }
+    int number = 0;
+    if (!IntNumber(value, number, what)) {
+        return false;
+    }
+    const int most = key == "rotation" ? 3 : key == "colorMode" ? 2 : 1;
+    if (number < 0 || number > most) {
+        return Fail(std::string(verb_->name) + ": " + std::string(key) + " must be " +
+                    (most == 1 ? "0 or 1" : "0 to " + std::to_string(most)) + ", got " +
+                    std::to_string(number));
+    }
+    if (key == "orientation") {
+        params.GetForm().SetOrientation(number);
+    } else if (key == "rotation") {
+        params.SetPageRotation(number);
+    } else if (key == "colorMode") {
+        params.SetColorMode(number);
+    } else {
+        params.SetTextAsGeometry(number);
+    }
+    return true;
+}
+
+bool VRKJobPlayer::Margins(std::string_view value, VRKPrintParameters& params) {
+    float margins[4] = {};
+    std::size_t from = 0;
+    for (int i = 0; i < 4; ++i) {
+        const std::size_t comma = value.find(',', from);
+        const bool last = i == 3;
+        if (last != (comma == std::string_view::npos)) {
+            return Fail(std::string(verb_->name) +
+                        ": margins takes four values, left,top,right,bottom; got " +
+                        VRKJobLexer::Quote(value));
+        }
+        const std::string_view part =
+            value.substr(from, last ? std::string_view::npos : comma - from);
+        if (!Number(part, margins[i], "margins: ")) {
+            return false;
+        }
+        if (margins[i] < 0.0f) {
+            return Fail(std::string(verb_->name) + ": margins must not be negative");
+        }
+        from = comma + 1;
+    }
+    params.SetMargins(margins[0], margins[1], margins[2], margins[3]);
+    return true;
+}
+
+// ---- The calls -------------------------------------------------------------------------------
+
+bool VRKJobPlayer::DoBegin() {
+    VRKPrintParameters params;
+    bool given = false;
+    if (!Parameters(params, given)) {
+        return false;
+    }
+    params_ = params;
+    state_ = State::kInJob;
+    beginLine_ = line_;
+    generator_.Begin(params_);
+    return true;
+}
+
+bool VRKJobPlayer::DoStartNewPage() {
+    VRKPrintParameters params = params_;
+    bool given = false;
+    if (!Parameters(params, given)) {
+        return false;
+    }
+    if (given) {
+        params_ = params;
+        generator_.StartNewPage(params_);
+    } else {
+        generator_.StartNewPage();
+    }
+    return true;
+}
+
+bool VRKJobPlayer::DoEnd() {
+    if (!ExpectArgs(0)) {
+        return false;
+    }
+    state_ = State::kAfterEnd;
+    endLine_ = line_;
+    generator_.End();
+    return true;
+}
+
+bool VRKJobPlayer::DoMoveTo() {
+    float x = 0.0f, y = 0.0f;
+    if (!ExpectArgs(2) || !Float(0, x) || !Float(1, y)) {
+        return false;
+    }
+    generator_.MoveTo(x, y);
+    return true;
+}
+
+bool VRKJobPlayer::DoLineTo() {
+    float x = 0.0f, y = 0.0f;
+    if (!ExpectArgs(2) || !Float(0, x) || !Float(1, y)) {
+        return false;
+    }
+    generator_.LineTo(x, y);
+    return true;
+}
+
+bool VRKJobPlayer::ReadCountedPoints(int& count) {
+    if (ArgCount() < 1) {
+        return FailArgument("missing argument");
+    }
+    return Int(0, count) && Points(1, count, "");
+}
+
+bool VRKJobPlayer::DoDrawPolyline() {
+    int count = 0;
+    if (!ReadCountedPoints(count)) {
+        return false;
+    }
+    generator_.DrawPolyline(count, points_.data());
+    return true;
+}
+
+bool VRKJobPlayer::DoDrawPolygon() {
+    int count = 0;
+    if (!ReadCountedPoints(count)) {
+        return false;
+    }
+    generator_.DrawPolygon(count, points_.data());
+    return true;
+}
+
+bool VRKJobPlayer::DoDrawPolyBezier() {
+    int count = 0;
+    if (!ReadCountedPoints(count)) {
+        return false;
+    }
+    generator_.DrawPolyBezier(count, points_.data());
+    return true;
+}
+
+bool VRKJobPlayer::DoDrawArcCircle() {
+    float v[5] = {};
+    int filled = 0;
+    if (!ExpectArgs(6)) {
+        return false;
+    }
+    for (std::size_t i = 0; i < 5; ++i) {
+        if (!Float(i, v[i])) {
+            return false;
+        }
+    }
+    if (!Int(5, filled)) {
+        return false;
+    }
+    if (filled != 0 && filled != 1) {
+        return FailArgument("filled must be 0 or 1");
+    }
+    generator_.DrawArcCircle(v[0], v[1], v[2], v[3], v[4], filled);
+    return true;
+}
+
+bool VRKJobPlayer::DoDrawArcEllipse() {
+    float v[7] = {};
+    int filled = 0;
+    if (!ExpectArgs(8)) {
+        return false;
+    }
+    for (std::size_t i = 0; i < 7; ++i) {
+        if (!Float(i, v[i])) {
+            return false;
+        }
+    }
+    if (!Int(7, filled)) {
+        return false;
+    }
+    if (filled != 0 && filled != 1) {
+        return FailArgument("filled must be 0 or 1");
+    }
+    generator_.DrawArcEllipse(v[0], v[1], v[2], v[3], v[4], v[5], v[6], filled);
+    return true;
+}
+
+bool VRKJobPlayer::DoFillArea() {
+    int polygons = 0;
+    if (ArgCount() < 1) {
+        return FailArgument("missing argument");
+    }
+    if (!Int(0, polygons)) {
+        return false;
+    }
+    if (polygons < 0) {
+        return FailArgument("a negative polygon count");
+    }
+    if (ArgCount() - 1 < static_cast<std::size_t>(polygons)) {
+        return Fail("FillArea: " + std::to_string(polygons) + " polygons need " +
+                    std::to_string(polygons) + " vertex counts; " + std::to_string(ArgCount() - 1) +
+                    " given");
+    }
+    counts_.resize(static_cast<std::size_t>(polygons));
+    long long total = 0;
+    for (std::size_t i = 0; i < counts_.size(); ++i) {
+        if (!Int(1 + i, counts_[i])) {
+            return false;
+        }
+        if (counts_[i] < 0) {
+            return FailArgument("a negative vertex count");
+        }
+        total += counts_[i];
+    }
+    const std::string what =
+        "the " + std::to_string(polygons) + (polygons == 1 ? " polygon has" : " polygons have");
+    if (!Points(1 + counts_.size(), total, what)) {
+        return false;
+    }
+    generator_.FillArea(polygons, counts_.data(), points_.data());
+    return true;
+}
+
+bool VRKJobPlayer::DoDrawBitmap() {
+    float x = 0.0f, y = 0.0f, pixelWidth = 0.0f, pixelHeight = 0.0f;
+    const std::string* file = nullptr;
+    if (!ExpectArgsBetween(3, 5) || !Float(0, x) || !Float(1, y) || !String(2, file)) {
+        return false;
+    }
+    if (ArgCount() == 4) {
+        return FailArgument("a pixel width without a pixel height");
+    }
+    const bool sized = ArgCount() == 5;
+    if (sized) {
+        if (!Float(3, pixelWidth) || !Float(4, pixelHeight)) {
+            return false;
+        }
+        if (!(pixelWidth > 0.0f) || !(pixelHeight > 0.0f)) {
+            return FailArgument("the pixel width and height must be greater than 0");
+        }
+    }
+    if (file->empty()) {
+        return FailArgument("an empty file name");
+    }
+    std::string path = *file;
+    if (path.front() != '/' && !baseFolder_.empty()) {
+        path = (baseFolder_.back() == '/' ? baseFolder_ : baseFolder_ + "/") + path;
+    }
+    std::string error;
+    VRKPixelImage* image = VRKPngReader::ReadFile(path, error);
+    if (image == nullptr) {
+        return Fail("DrawBitmap: cannot read the bitmap " + VRKJobLexer::Quote(path) + ": " +
+                    error);
+    }
+    if (sized) {
+        image->SetPixelSize(pixelWidth, pixelHeight);
+    }
+    generator_.DrawBitmap(x, y, 0, image);
+    image->Release();
+    return true;
+}
+
+bool VRKJobPlayer::DoDrawText() {
+    float x = 0.0f, y = 0.0f;
+    const std::string* text = nullptr;
+    if (!ExpectArgs(3) || !Float(0, x) || !Float(1, y) || !String(2, text)) {
+        return false;
+    }
+    generator_.DrawText(x, y, VRKUnicodeString(*text));
+    return true;
+}
+
+bool VRKJobPlayer::DoDefineColor() {
+    int index = 0;
+    float rgb[3] = {};
+    if (!ExpectArgs(4) || !Int(0, index)) {
+        return false;
+    }
+    for (std::size_t i = 0; i < 3; ++i) {
+        if (!Float(1 + i, rgb[i])) {
+            return false;
+        }
+        if (rgb[i] < 0.0f || rgb[i] > 1.0f) {
+            return FailArgument("colour components run from 0.0 to 1.0, got " +
+                                VRKJobLexer::Quote(lexer_[2 + i].text));
+        }
+    }
+    generator_.DefineColor(index, rgb[0], rgb[1], rgb[2]);
+    return true;
+}
+
+bool VRKJobPlayer::DoSingleInt(void (VRKPrintGenerator::*call)(int) noexcept) {
+    int value = 0;
+    if (!ExpectArgs(1) || !Int(0, value)) {
+        return false;
+    }
+    (generator_.*call)(value);
+    return true;
+}
+
+bool VRKJobPlayer::DoSelectDrawColor() {
+    return DoSingleInt(&VRKPrintGenerator::SelectDrawColor);
+}
+
+bool VRKJobPlayer::DoSelectFillColor() {
+    return DoSingleInt(&VRKPrintGenerator::SelectFillColor);
+}
+
+bool VRKJobPlayer::DoSetPolygonFillRule() {
+    return DoSingleInt(&VRKPrintGenerator::SetPolygonFillRule);
+}
+
+bool VRKJobPlayer::DoSetFillMode() {
+    return DoSingleInt(&VRKPrintGenerator::SetFillMode);
+}
+
+bool VRKJobPlayer::DoSetDrawWidth() {
+    float width = 0.0f;
+    if (!ExpectArgs(1) || !Float(0, width)) {
+        return false;
+    }
+    generator_.SetDrawWidth(width);
+    return true;
+}
+
+// The enumeration numbers of the line and text attributes go to the generator unchecked: a job
+// file can hand a generator any value a host could, the unexpected ones included.
+
+bool VRKJobPlayer::DoSetLineCap() {
+    int value = 0;
+    if (!ExpectArgs(1) || !Int(0, value)) {
+        return false;
+    }
+    generator_.SetLineCap(static_cast<VRKPrintLineAttribute>(value));
+    return true;
+}
+
+bool VRKJobPlayer::DoSetLineJoin() {
+    int value = 0;
+    if (!ExpectArgs(1) || !Int(0, value)) {
+        return false;
+    }
+    generator_.SetLineJoin(static_cast<VRKPrintLineAttribute>(value));
+    return true;
+}
+
+bool VRKJobPlayer::DoSetLineStyle() {
+    if (ArgCount() == 0) {
+        return FailArgument("missing argument");
+    }
+    int style = 0;
+    if (!Int(0, style)) {
+        return false;
+    }
+    if (ArgCount() == 1) {
+        generator_.SetLineStyle(style);
+        return true;
+    }
+    float length = 0.0f;
+    if (!Float(1, length)) {
+        return false;
+    }
+    points_.resize(ArgCount() - 2);
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        if (!Float(2 + i, points_[i])) {
+            return false;
+        }
+    }
+    // Without pattern values the generator gets no pattern array at all.
+    generator_.SetLineStyle(static_cast<VRKPrintLineAttribute>(style), length,
+                            points_.empty() ? nullptr : points_.data());
+    return true;
+}
+
+bool VRKJobPlayer::DoSetTextAttribute() {
+    int kind = 0;
+    float value = 0.0f;
+    if (!ExpectArgs(2) || !Int(0, kind) || !Float(1, value)) {
+        return false;
+    }
+    generator_.SetTextAttribute(static_cast<VRKPrintTextAttribute>(kind), value);
+    return true;
+}

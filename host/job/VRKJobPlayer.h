@@ -1,0 +1,116 @@
+#pragma once
+
+#include <istream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/core/VRKPrintParameters.h"
+#include "host/job/VRKJobError.h"
+#include "host/job/VRKJobLexer.h"
+
+class VRKPrintGenerator;
+
+// Plays a job file into a print generator: one public call of VRKPrintGenerator per line, in the
+// order of the file (the format is described in docs/jobfile.md).
+//
+// The player streams. It reads one line, checks all of it (tokens, argument count, every number,
+// the job's state, the bitmap file) and only then makes the call, so a line with an error makes
+// no call at all. It keeps nothing of a line once the call is made; the memory it holds is that
+// of the longest line, however long the file.
+//
+// Playing stops at the first error, which GetError() then describes. The player does not close a
+// job that fails: whatever the generator wrote is incomplete, and the caller throws it away.
+class VRKJobPlayer {
+  public:
+    // The generator must outlive the player; the player makes calls on it and nothing else (it
+    // does not attach streams or release it).
+    explicit VRKJobPlayer(VRKPrintGenerator& generator);
+    VRKJobPlayer(const VRKJobPlayer&) = delete;
+    VRKJobPlayer& operator=(const VRKJobPlayer&) = delete;
+
+    // Plays the job file at `path`; bitmap paths are taken from the file's folder. True when the
+    // whole job was played, from Begin to End.
+    bool PlayFile(const std::string& path);
+    // Plays a job read from `in`. `fileName` names the job in error messages; `baseFolder` is
+    // the folder relative bitmap paths are taken from (empty: the current folder).
+    bool Play(std::istream& in, const std::string& fileName, const std::string& baseFolder);
+
+    // The error that stopped the last Play, or an empty message after a success.
+    const VRKJobError& GetError() const { return error_; }
+
+  private:
+    enum class State { kBeforeBegin, kInJob, kAfterEnd };
+    using Handler = bool (VRKJobPlayer::*)();
+    struct Verb {
+        const char* name;
+        Handler handler;
+        // The line's arguments as a user would write them, for messages.
+        const char* usage;
+    };
+    static const Verb kVerbs[];
+
+    bool PlayLine(std::string_view line, int lineNumber);
+    bool Fail(std::string message);
+    bool FailArgument(std::string_view what);
+    const Verb* FindVerb(std::string_view name) const;
+
+    // Argument access: the arguments are the tokens after the verb, counted from 0.
+    std::size_t ArgCount() const { return lexer_.Count() - 1; }
+    bool ExpectArgs(std::size_t count);
+    bool ExpectArgsBetween(std::size_t least, std::size_t most);
+    bool Word(std::size_t arg, std::string_view& word);
+    bool Float(std::size_t arg, float& value);
+    bool Int(std::size_t arg, int& value);
+    bool String(std::size_t arg, const std::string*& value);
+    bool Number(std::string_view word, float& value, std::string_view what);
+    bool IntNumber(std::string_view word, int& value, std::string_view what);
+    // Reads `count` points (2 * count coordinates) from argument `first` into points_.
+    bool Points(std::size_t first, long long count, std::string_view what);
+    // The key=value arguments of Begin and StartNewPage applied to `params`; `given` says
+    // whether there were any.
+    bool Parameters(VRKPrintParameters& params, bool& given);
+    bool Parameter(std::string_view key, std::string_view value, VRKPrintParameters& params);
+    bool Margins(std::string_view value, VRKPrintParameters& params);
+
+    bool DoBegin();
+    bool DoStartNewPage();
+    bool DoEnd();
+    bool DoMoveTo();
+    bool DoLineTo();
+    bool DoDrawPolyline();
+    bool DoDrawPolygon();
+    bool DoDrawPolyBezier();
+    bool DoDrawArcCircle();
+    bool DoDrawArcEllipse();
+    bool DoFillArea();
+    bool DoDrawBitmap();
+    bool DoDrawText();
+    bool DoDefineColor();
+    bool DoSelectDrawColor();
+    bool DoSelectFillColor();
+    bool DoSetDrawWidth();
+    bool DoSetLineCap();
+    bool DoSetLineJoin();
+    bool DoSetLineStyle();
+    bool DoSetTextAttribute();
+    bool DoSetPolygonFillRule();
+    bool DoSetFillMode();
+    // The shared part of the polyline, polygon and Bézier lines: count, then the points.
+    bool ReadCountedPoints(int& count);
+    bool DoSingleInt(void (VRKPrintGenerator::*call)(int) noexcept);
+
+    VRKPrintGenerator& generator_;
+    VRKJobLexer lexer_;
+    const Verb* verb_ = nullptr;
+    State state_ = State::kBeforeBegin;
+    int line_ = 0;
+    int beginLine_ = 0;
+    int endLine_ = 0;
+    VRKPrintParameters params_;
+    std::string baseFolder_;
+    VRKJobError error_;
+    // Scratch arrays of the current line, kept between lines for their memory.
+    std::vector<float> points_;
+    std::vector<int> counts_;
+};
