@@ -9,6 +9,8 @@ packages=(
   cmake ninja-build g++ pkg-config clang-format
   # Tests and benchmarks
   googletest libgtest-dev libgmock-dev libbenchmark-dev
+  # localedef and the locale sources, for the tests that run under a decimal-comma locale
+  locales
   # Command line of vrkplot
   libcli11-dev
   # Image files

@@ -15,13 +15,12 @@
 inline const std::string& CommaLocaleFolder() {
     static const TempFolder folder("locale");
     static const std::string path = [] {
-        const std::string command = "localedef -i de_DE -f UTF-8 '" + folder.Path() +
-                                    "/de_DE.UTF-8' >/dev/null 2>&1";
+        const std::string command =
+            "localedef -i de_DE -f UTF-8 '" + folder.Path() + "/de_DE.UTF-8' >/dev/null 2>&1";
         // localedef exits with 1 for warnings while still writing the locale.
         const int status = std::system(command.c_str());
-        return (status == 0 || (WIFEXITED(status) && WEXITSTATUS(status) == 1))
-                   ? folder.Path()
-                   : std::string();
+        return (status == 0 || (WIFEXITED(status) && WEXITSTATUS(status) == 1)) ? folder.Path()
+                                                                                : std::string();
     }();
     return path;
 }

@@ -110,12 +110,8 @@ class RecordingGenerator final : public VRKPrintGenerator {
     void DrvDefineColor(int index, float r, float g, float b) override {
         Log("DefineColor", std::to_string(index) + " " + F(r) + " " + F(g) + " " + F(b));
     }
-    void DrvSelectDrawColor(int index) override {
-        Log("SelectDrawColor", std::to_string(index));
-    }
-    void DrvSelectFillColor(int index) override {
-        Log("SelectFillColor", std::to_string(index));
-    }
+    void DrvSelectDrawColor(int index) override { Log("SelectDrawColor", std::to_string(index)); }
+    void DrvSelectFillColor(int index) override { Log("SelectFillColor", std::to_string(index)); }
     void DrvSetDrawWidth(float width) override { Log("SetDrawWidth", F(width)); }
     void DrvSetLineCap(VRKPrintLineAttribute cap) override {
         Log("SetLineCap", std::to_string(static_cast<int>(cap)));
@@ -124,8 +120,7 @@ class RecordingGenerator final : public VRKPrintGenerator {
         Log("SetLineJoin", std::to_string(static_cast<int>(join)));
     }
     void DrvSetLineStyle(int style) override { Log("SetLineStyle", std::to_string(style)); }
-    void DrvSetLineStyle(VRKPrintLineAttribute style, float length,
-                         const float* pattern) override {
+    void DrvSetLineStyle(VRKPrintLineAttribute style, float length, const float* pattern) override {
         std::string s = std::to_string(static_cast<int>(style)) + " " + F(length);
         if (pattern == nullptr) {
             s += " null";

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "host/core/VRKPixelImage.h"
+#include "host/image/VRKPngReader.h"
+#include "support/Printable.h"
+#include "support/TempFolder.h"
+#include "support/TestPng.h"
+
+namespace {
+
+struct Releaser {
+    void operator()(VRKPixelImage* image) const { image->Release(); }
+};
+using Image = std::unique_ptr<VRKPixelImage, Releaser>;
+
+Image read(const std::string& png, std::string& error) {
+    return Image(VRKPngReader::ReadMemory(png.data(), png.size(), error));
+}
+
+Image readOk(const std::string& png) {
+    std::string error;
+    Image image = read(png, error);
+    EXPECT_NE(image, nullptr) << error;
+    EXPECT_EQ(error, "");
+    return image;
+}
+
+std::string readError(const std::string& png) {
+    std::string error;
+    Image image = read(png, error);
+    EXPECT_EQ(image, nullptr);
+    return error;
+}
+
+std::string bytesOf(const VRKPixelImage& image) {
+    std::string out;
+    for (int y = 0; y < image.GetHeight(); ++y) {
+        out.append(reinterpret_cast<const char*>(image.GetRow(y)), image.GetBytesPerRow());
+    }
+    return out;
+}
+
+// Colour types of the file format.
+constexpr int kGrey = 0, kRGB = 2, kPalette = 3, kGreyAlpha = 4, kRGBA = 6;
+
+TEST(PngReader, Grey8) {
+    Image image = readOk(TestPng::Build(2, 2, 8, kGrey, std::string("\0\x01\x02\0\xFE\xFF", 6)));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kGrey8);
+    EXPECT_EQ(image->GetWidth(), 2);
+    EXPECT_EQ(image->GetHeight(), 2);
+    EXPECT_EQ(Printable(bytesOf(*image)), Printable("\x01\x02\xFE\xFF"));
+    EXPECT_EQ(image->GetPixelWidth(), 0.254f);
+    EXPECT_EQ(image->GetPixelHeight(), 0.254f);
+}
+
+TEST(PngReader, FilteredScanlinesAreDecoded) {
+    // Filter 1 (Sub): each byte adds the one to its left.
+    Image image = readOk(TestPng::Build(3, 1, 8, kGrey, std::string("\x01\x0A\x01\x02", 4)));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(Printable(bytesOf(*image)), Printable("\x0A\x0B\x0D"));
+}
+
+TEST(PngReader, OneBitGreyStaysOneBit) {
+    // Width 10: the file's padding bits are set on purpose; the image clears them.
+    Image image = readOk(TestPng::Build(10, 2, 1, kGrey, std::string("\0\xA5\xFF\0\x01\x40", 6)));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kMono1);
+    EXPECT_EQ(image->GetBytesPerRow(), 2u);
+    EXPECT_EQ(Printable(bytesOf(*image)), Printable(std::string("\xA5\xC0\x01\x40", 4)));
+}
+
+TEST(PngReader, TwoAndFourBitGreyAreScaledToEightBits) {
+    // 2 bits: levels 0 1 2 3.
+    Image two = readOk(TestPng::Build(4, 1, 2, kGrey, std::string("\0\x1B", 2)));
+    ASSERT_NE(two, nullptr);
+    EXPECT_EQ(two->GetFormat(), VRKPixelImage::kGrey8);
+    EXPECT_EQ(Printable(bytesOf(*two)), Printable(std::string("\x00\x55\xAA\xFF", 4)));
+    // 4 bits: levels 1 and 15.
+    Image four = readOk(TestPng::Build(2, 1, 4, kGrey, std::string("\0\x1F", 2)));
+    ASSERT_NE(four, nullptr);
+    EXPECT_EQ(Printable(bytesOf(*four)), Printable("\x11\xFF"));
+}
+
+TEST(PngReader, SixteenBitsAreScaledToEight) {
+    Image grey = readOk(TestPng::Build(3, 1, 16, kGrey, std::string("\0\0\0\xFF\xFF\x80\x80", 7)));
+    ASSERT_NE(grey, nullptr);
+    EXPECT_EQ(grey->GetFormat(), VRKPixelImage::kGrey8);
+    EXPECT_EQ(Printable(bytesOf(*grey)), Printable(std::string("\x00\xFF\x80", 3)));
+
+    Image rgb = readOk(TestPng::Build(1, 1, 16, kRGB, std::string("\0\xFF\xFF\0\0\x80\x80", 7)));
+    ASSERT_NE(rgb, nullptr);
+    EXPECT_EQ(rgb->GetFormat(), VRKPixelImage::kRGB8);
+    EXPECT_EQ(Printable(bytesOf(*rgb)), Printable(std::string("\xFF\x00\x80", 3)));
+}
+
+TEST(PngReader, RGBAndRGBA) {
+    Image rgb = readOk(TestPng::Build(2, 1, 8, kRGB, std::string("\0abcdef", 7)));
+    ASSERT_NE(rgb, nullptr);
+    EXPECT_EQ(rgb->GetFormat(), VRKPixelImage::kRGB8);
+    EXPECT_EQ(bytesOf(*rgb), "abcdef");
+
+    Image rgba = readOk(TestPng::Build(2, 1, 8, kRGBA, std::string("\0abcdefgh", 9)));
+    ASSERT_NE(rgba, nullptr);
+    EXPECT_EQ(rgba->GetFormat(), VRKPixelImage::kRGBA8);
+    EXPECT_EQ(bytesOf(*rgba), "abcdefgh");
+}
+
+TEST(PngReader, GreyWithAlphaBecomesRGBA) {
+    Image image = readOk(TestPng::Build(2, 1, 8, kGreyAlpha, std::string("\0\x10\x80\x20\xFF", 5)));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kRGBA8);
+    EXPECT_EQ(Printable(bytesOf(*image)), Printable("\x10\x10\x10\x80\x20\x20\x20\xFF"));
+}
+
+TEST(PngReader, PaletteBecomesRGB) {
+    const std::string palette("\xFF\x00\x00\x00\x00\xFF", 6);  // red, blue
+    Image image =
+        readOk(TestPng::Build(3, 1, 2, kPalette, std::string("\0\x14", 2), {{"PLTE", palette}}));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kRGB8);
+    // Indices 0 1 1.
+    EXPECT_EQ(Printable(bytesOf(*image)),
+              Printable(std::string("\xFF\x00\x00\x00\x00\xFF\x00\x00\xFF", 9)));
+}
+
+TEST(PngReader, PaletteWithTransparencyBecomesRGBA) {
+    const std::string palette("\xFF\x00\x00\x00\x00\xFF", 6);
+    Image image = readOk(TestPng::Build(2, 1, 8, kPalette, std::string("\0\x00\x01", 3),
+                                        {{"PLTE", palette}, {"tRNS", std::string("\x00", 1)}}));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kRGBA8);
+    // Entry 0 fully transparent; entry 1 has no tRNS value and stays opaque.
+    EXPECT_EQ(Printable(bytesOf(*image)),
+              Printable(std::string("\xFF\x00\x00\x00\x00\x00\xFF\xFF", 8)));
+}
+
+TEST(PngReader, GreyWithATransparentLevelBecomesRGBA) {
+    // tRNS names grey level 7 (two bytes) transparent.
+    Image image = readOk(TestPng::Build(2, 1, 8, kGrey, std::string("\0\x07\x09", 3),
+                                        {{"tRNS", std::string("\x00\x07", 2)}}));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kRGBA8);
+    EXPECT_EQ(Printable(bytesOf(*image)),
+              Printable(std::string("\x07\x07\x07\x00\x09\x09\x09\xFF", 8)));
+}
+
+TEST(PngReader, InterlacedImageIsReadWhole) {
+    // 2 x 2 grey, Adam7: pass 1 holds (0,0), pass 6 (1,0), pass 7 the second row.
+    Image image =
+        readOk(TestPng::Build(2, 2, 8, kGrey, std::string("\0a\0b\0cd", 7), {}, /*interlace=*/1));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(bytesOf(*image), "abcd");
+}
+
+TEST(PngReader, PixelSizeFromPhysInMetres) {
+    // 11811 pixels a metre across (300 to the inch), 5000 down.
+    Image image = readOk(TestPng::Build(1, 1, 8, kGrey, std::string("\0\0", 2),
+                                        {{"pHYs", TestPng::Phys(11811, 5000, 1)}}));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetPixelWidth(), static_cast<float>(1000.0 / 11811));
+    EXPECT_EQ(image->GetPixelHeight(), 0.2f);
+}
+
+TEST(PngReader, PhysWithoutUnitIsIgnored) {
+    Image image = readOk(
+        TestPng::Build(1, 1, 8, kGrey, std::string("\0\0", 2), {{"pHYs", TestPng::Phys(2, 1, 0)}}));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetPixelWidth(), 0.254f);
+    EXPECT_EQ(image->GetPixelHeight(), 0.254f);
+}
+
+TEST(PngReader, NotAPng) {
+    EXPECT_EQ(readError("Begin\nEnd\n"), "not a PNG file");
+    EXPECT_EQ(readError(""), "not a PNG file");
+    EXPECT_EQ(readError(TestPng::kSignature.substr(0, 5)), "not a PNG file");
+    std::string error;
+    EXPECT_EQ(VRKPngReader::ReadMemory(nullptr, 10, error), nullptr);
+    EXPECT_EQ(error, "not a PNG file");
+}
+
+TEST(PngReader, TruncatedFile) {
+    const std::string png = TestPng::Build(4, 4, 8, kGrey, std::string(20, '\0'));
+    for (std::size_t keep : {std::size_t{8}, std::size_t{20}, std::size_t{40}, png.size() - 13}) {
+        SCOPED_TRACE(keep);
+        EXPECT_EQ(readError(png.substr(0, keep)), "the file ends before the image does");
+    }
+}
+
+TEST(PngReader, DamagedHeader) {
+    std::string png = TestPng::Build(1, 1, 8, kGrey, std::string("\0\0", 2));
+    png[20] ^= 0x01;  // inside the IHDR data: its CRC no longer matches
+    EXPECT_EQ(readError(png), "IHDR: CRC error");
+}
+
+TEST(PngReader, ImpossibleHeaders) {
+    EXPECT_EQ(readError(TestPng::Build(0, 1, 8, kGrey, std::string("\0", 1))), "Invalid IHDR data");
+    EXPECT_EQ(readError(TestPng::Build(1, 1, 3, kGrey, std::string("\0\0", 2))),
+              "Invalid IHDR data");
+    EXPECT_EQ(readError(TestPng::Build(1, 1, 8, 5, std::string("\0\0", 2))), "Invalid IHDR data");
+}
+
+TEST(PngReader, ShortImageData) {
+    // Two rows announced, one given.
+    EXPECT_EQ(readError(TestPng::Build(2, 2, 8, kGrey, std::string("\0ab", 3))),
+              "Not enough image data");
+}
+
+TEST(PngReader, EnormousImageIsRefusedBeforeAnyPixelMemory) {
+    // 100000 x 100000 RGBA would take 40 GB; the file itself is a few dozen bytes.
+    EXPECT_EQ(readError(TestPng::Build(100000, 100000, 8, kRGBA, std::string("\0", 1))),
+              "image too large");
+}
+
+TEST(PngReader, ReadFile) {
+    TempFolder folder("png");
+    const std::string path =
+        folder.Write("dot.png", TestPng::Build(1, 1, 8, kRGB, std::string("\0xyz", 4)));
+    std::string error = "stale";
+    Image image(VRKPngReader::ReadFile(path, error));
+    ASSERT_NE(image, nullptr) << error;
+    EXPECT_EQ(error, "");
+    EXPECT_EQ(bytesOf(*image), "xyz");
+}
+
+TEST(PngReader, FileErrors) {
+    TempFolder folder("png");
+    std::string error;
+    EXPECT_EQ(VRKPngReader::ReadFile(folder.File("missing.png"), error), nullptr);
+    EXPECT_EQ(error, "No such file or directory");
+    EXPECT_EQ(VRKPngReader::ReadFile(folder.Path(), error), nullptr);
+    EXPECT_EQ(error, "Is a directory");
+    const std::string text = folder.Write("text.png", "not really");
+    EXPECT_EQ(VRKPngReader::ReadFile(text, error), nullptr);
+    EXPECT_EQ(error, "not a PNG file");
+}
+
+}  // namespace

@@ -1,0 +1,350 @@
+// vrkplot end to end: the built program run on job files, its plots compared with the expected
+// files under tests/expected/LANGUAGE/, its errors, exit status and output files checked.
+//
+// VRKPLOT_PATH and VRK_TESTS_DIR come from the build.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support/CommaLocale.h"
+#include "support/Printable.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kTests = VRK_TESTS_DIR;
+
+// A plot as it is kept under tests/expected/: the bytes made printable (ESC as \e, other control
+// and non-ASCII bytes as \xHH, the backslash doubled) with a line break after every ';', so that
+// a change shows as a readable diff. Nothing is lost: the plot's own line feeds are \x0A.
+std::string reviewText(const std::string& plot) {
+    std::string text;
+    for (const char c : Printable(plot)) {
+        text += c;
+        if (c == ';') {
+            text += '\n';
+        }
+    }
+    if (text.empty() || text.back() != '\n') {
+        text += '\n';
+    }
+    return text;
+}
+
+const std::string kA4Frame =
+    "\x1b"
+    "E\x1b%0BINECQL100PS8400,11880IP0,0,8400,11880NP256TR0MC0SP0LA2,2,3,2PUSP0PG;";
+
+class Vrkplot : public ::testing::Test {
+  protected:
+    TempFolder folder{"vrkplot"};  // the working folder: jobs and plots
+    TempFolder io{"vrkplot-io"};   // the program's standard output and error
+    std::string out;
+    std::string err;
+
+    // Runs vrkplot in the working folder and returns its exit status.
+    int Run(std::vector<std::string> args, const std::vector<std::string>& env = {},
+            const std::string& stdoutPath = "") {
+        args.insert(args.begin(), VRKPLOT_PATH);
+        const std::string outPath = stdoutPath.empty() ? io.File("stdout") : stdoutPath;
+        const int status = RunProgram(args, folder.Path(), outPath, io.File("stderr"), env);
+        out = stdoutPath.empty() ? ReadFileBytes(outPath) : std::string();
+        err = ReadFileBytes(io.File("stderr"));
+        return status;
+    }
+
+    std::string Job(const std::string& name, const std::string& text) {
+        folder.Write(name, text);
+        return name;
+    }
+};
+
+TEST_F(Vrkplot, A4Frame) {
+    Job("a4.job", "Begin width=210 height=297 orientation=1\nEnd\n");
+    EXPECT_EQ(Run({"a4.job"}), 0) << err;
+    EXPECT_EQ(err, "");
+    EXPECT_EQ(out, "");
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("a4.plt")));
+    // The temporary file is gone.
+    EXPECT_EQ(folder.Listing(), "a4.job\na4.plt\n");
+}
+
+TEST_F(Vrkplot, OutputOptionAndStandardOutput) {
+    Job("a4.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.job", "-o", "plot.hpgl"}), 0) << err;
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("plot.hpgl")));
+    EXPECT_EQ(Run({"a4.job", "-l", "HPGL2", "-o", "-"}), 0) << err;
+    EXPECT_BYTES(kA4Frame, out);
+    EXPECT_EQ(folder.Listing(), "a4.job\nplot.hpgl\n");
+}
+
+TEST_F(Vrkplot, DefaultOutputNames) {
+    std::filesystem::create_directory(folder.File("sub.d"));
+    Job("sub.d/noext", "Begin\nEnd\n");
+    Job("two.dots.job", "Begin\nEnd\n");
+    Job(".hidden", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"sub.d/noext", "two.dots.job", ".hidden"}), 0) << err;
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("sub.d/noext.plt")));
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("two.dots.plt")));
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File(".hidden.plt")));
+}
+
+TEST_F(Vrkplot, UnknownVerbOnLineThree) {
+    Job("bad.job", "Begin\nMoveTo 1 2\nFrobnicate 3\nEnd\n");
+    EXPECT_EQ(Run({"bad.job"}), 2);
+    EXPECT_EQ(err, "bad.job:3: unknown verb 'Frobnicate'\n");
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(folder.Listing(), "bad.job\n");
+}
+
+TEST_F(Vrkplot, ExistingOutputIsUntouchedOnError) {
+    Job("bad.job", "Begin\nMoveTo 1 2\n");
+    folder.Write("bad.plt", "an older plot");
+    EXPECT_EQ(Run({"bad.job"}), 2);
+    EXPECT_EQ(err, "bad.job:2: missing End at the end of the file (the job began on line 1)\n");
+    EXPECT_EQ(ReadFileBytes(folder.File("bad.plt")), "an older plot");
+    EXPECT_EQ(folder.Listing(), "bad.job\nbad.plt\n");
+}
+
+TEST_F(Vrkplot, ExistingOutputIsReplacedOnSuccess) {
+    Job("a4.job", "Begin\nEnd\n");
+    folder.Write("a4.plt", "an older plot");
+    EXPECT_EQ(Run({"a4.job"}), 0) << err;
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("a4.plt")));
+}
+
+TEST_F(Vrkplot, NothingReachesStandardOutputOnError) {
+    Job("bad.job", "Begin\nMoveTo 1 2\nEnd\nEnd\n");
+    EXPECT_EQ(Run({"bad.job", "-o", "-"}), 2);
+    EXPECT_EQ(err, "bad.job:4: End after End (the job ended on line 3)\n");
+    EXPECT_EQ(out, "");
+}
+
+TEST_F(Vrkplot, WriteFailureOnAFullDevice) {
+    Job("a4.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.job", "-o", "-"}, {}, "/dev/full"), 2);
+    EXPECT_EQ(err, "a4.job: cannot write the plot to standard output\n");
+    EXPECT_EQ(folder.Listing(), "a4.job\n");
+}
+
+TEST_F(Vrkplot, OutputFolderThatDoesNotExist) {
+    Job("a4.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.job", "-o", "missing/a4.plt"}), 2);
+    EXPECT_EQ(err,
+              "a4.job: cannot create a temporary file in 'missing/' for 'missing/a4.plt': No such "
+              "file or directory\n");
+}
+
+TEST_F(Vrkplot, OutputThatIsAFolder) {
+    Job("a4.job", "Begin\nEnd\n");
+    std::filesystem::create_directory(folder.File("plots"));
+    EXPECT_EQ(Run({"a4.job", "-o", "plots"}), 2);
+    EXPECT_EQ(err, "a4.job: cannot write 'plots': Is a directory\n");
+    EXPECT_EQ(folder.Listing(), "a4.job\nplots\n");
+}
+
+TEST_F(Vrkplot, OutputThatIsTheJobItself) {
+    Job("a4.plt", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.plt"}), 2);
+    EXPECT_EQ(err, "a4.plt: the output 'a4.plt' is the job file itself\n");
+    EXPECT_EQ(ReadFileBytes(folder.File("a4.plt")), "Begin\nEnd\n");
+}
+
+TEST_F(Vrkplot, SeveralJobFilesGoOnAfterAFailure) {
+    Job("one.job", "Begin\nEnd\n");
+    Job("two.job", "Begin\nMoveTo 1\nEnd\n");
+    Job("three.job", "Begin width=100 height=100\nEnd\n");
+    EXPECT_EQ(Run({"one.job", "two.job", "missing.job", "three.job"}), 2);
+    EXPECT_EQ(err,
+              "two.job:2: MoveTo: missing argument; usage: MoveTo x y\n"
+              "missing.job: cannot open the job file: No such file or directory\n");
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("one.plt")));
+    EXPECT_BYTES(
+        "\x1b"
+        "E\x1b%0BINECQL100PS4000,4000IP0,0,4000,4000RO270NP256TR0MC0SP0LA2,2,3,2PUSP0PG;",
+        ReadFileBytes(folder.File("three.plt")));
+    EXPECT_EQ(folder.Listing(), "one.job\none.plt\nthree.job\nthree.plt\ntwo.job\n");
+}
+
+TEST_F(Vrkplot, OutputOptionWithSeveralJobFilesIsRefused) {
+    Job("one.job", "Begin\nEnd\n");
+    Job("two.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"one.job", "two.job", "-o", "both.plt"}), 2);
+    EXPECT_EQ(err, "vrkplot: -o goes with a single job file; 2 were given\n");
+    EXPECT_EQ(folder.Listing(), "one.job\ntwo.job\n");
+}
+
+TEST_F(Vrkplot, ListLanguages) {
+    EXPECT_EQ(Run({"--list-languages"}), 0) << err;
+    EXPECT_EQ(err, "");
+    // One line a language: the name, blanks up to a common column, the description.
+    std::istringstream lines(out);
+    std::string line;
+    std::size_t column = 0;
+    bool hpgl2 = false;
+    while (std::getline(lines, line)) {
+        const std::size_t name = line.find(' ');
+        const std::size_t description = line.find_first_not_of(' ', name);
+        ASSERT_NE(description, std::string::npos) << line;
+        EXPECT_TRUE(column == 0 || column == description) << out;
+        column = description;
+        hpgl2 =
+            hpgl2 || (line.substr(0, name) == "HPGL2" &&
+                      line.substr(description).rfind("HP-GL/2 for large-format printers", 0) == 0);
+    }
+    EXPECT_TRUE(hpgl2) << out;
+}
+
+TEST_F(Vrkplot, UnknownLanguage) {
+    Job("a4.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.job", "-l", "PostScript"}), 2);
+    EXPECT_EQ(err.rfind("vrkplot: unknown language 'PostScript'; known languages: ", 0), 0u) << err;
+    EXPECT_NE(err.find("HPGL2"), std::string::npos) << err;
+    EXPECT_EQ(Run({"a4.job", "-l", "hpgl2"}), 2);
+    EXPECT_EQ(folder.Listing(), "a4.job\n");
+}
+
+TEST_F(Vrkplot, UsageErrors) {
+    EXPECT_EQ(Run({}), 2);
+    EXPECT_EQ(err, "vrkplot: no job file given (see --help)\n");
+    EXPECT_EQ(Run({"--no-such-option"}), 2);
+    EXPECT_NE(err.find("--no-such-option"), std::string::npos) << err;
+    EXPECT_EQ(Run({"a.job", "-l"}), 2);
+    EXPECT_EQ(Run({"--list-languages", "a.job"}), 2);
+}
+
+TEST_F(Vrkplot, HelpAndVersion) {
+    EXPECT_EQ(Run({"--help"}), 0);
+    EXPECT_NE(out.find("--list-languages"), std::string::npos) << out;
+    EXPECT_NE(out.find("--job-name"), std::string::npos) << out;
+    EXPECT_EQ(Run({"--version"}), 0);
+    EXPECT_EQ(out, "vrkplot 0.1.0\n");
+}
+
+TEST_F(Vrkplot, JobNameIsTheOutputPathOrTheGivenName) {
+    // Generators that name the job in the plot take the name from the stream's path: the output
+    // path as given, or --job-name. Every language is tried; at least one must write the name.
+    Job("a4.job", "Begin\nEnd\n");
+    ASSERT_EQ(Run({"--list-languages"}), 0) << err;
+    std::istringstream lines(out);
+    std::string line;
+    int naming = 0;
+    while (std::getline(lines, line)) {
+        const std::string language = line.substr(0, line.find(' '));
+        SCOPED_TRACE(language);
+        ASSERT_EQ(Run({"a4.job", "-l", language, "-o", "plain.plt"}), 0) << err;
+        ASSERT_EQ(Run({"a4.job", "-l", language, "-o", "named.plt", "--job-name", "Plan 7"}), 0)
+            << err;
+        const std::string plain = ReadFileBytes(folder.File("plain.plt"));
+        const std::string named = ReadFileBytes(folder.File("named.plt"));
+        if (plain.find("plain.plt") == std::string::npos) {
+            EXPECT_EQ(named, plain);
+            continue;
+        }
+        ++naming;
+        EXPECT_EQ(named.find("named.plt"), std::string::npos);
+        EXPECT_NE(named.find("Plan 7"), std::string::npos) << Printable(named);
+    }
+    EXPECT_GT(naming, 0);
+}
+
+TEST_F(Vrkplot, PlotDoesNotDependOnTheLocale) {
+    const std::string& locales = CommaLocaleFolder();
+    ASSERT_FALSE(locales.empty()) << "localedef could not build " << kCommaLocale
+                                  << " (Debian package locales)";
+    Job("lines.job", "Begin width=210.5\nMoveTo 1.5 2.25\nLineTo 100.75 2.25\nEnd\n");
+    ASSERT_EQ(Run({"lines.job", "-o", "c.plt"}), 0) << err;
+    ASSERT_EQ(Run({"lines.job", "-o", "de.plt"},
+                  {"LOCPATH=" + locales, std::string("LC_ALL=") + kCommaLocale}),
+              0)
+        << err;
+    EXPECT_BYTES(ReadFileBytes(folder.File("c.plt")), ReadFileBytes(folder.File("de.plt")));
+}
+
+// ---- The job files under tests/jobs/ against tests/expected/ ---------------------------------
+
+std::vector<std::string> languagesOf(const std::string& listing) {
+    std::vector<std::string> names;
+    std::istringstream lines(listing);
+    std::string line;
+    while (std::getline(lines, line)) {
+        names.push_back(line.substr(0, line.find(' ')));
+    }
+    return names;
+}
+
+// With VRK_REGENERATE_EXPECTED=1 in the environment the test writes the expected files instead
+// of comparing with them (tests/regenerate-expected.sh); every change must then be read in
+// `git diff tests/expected` before it is committed.
+TEST_F(Vrkplot, ExpectedPlotsOfEveryJobWithEveryLanguage) {
+    const bool regenerate = std::getenv("VRK_REGENERATE_EXPECTED") != nullptr;
+    ASSERT_EQ(Run({"--list-languages"}), 0) << err;
+    const std::vector<std::string> languages = languagesOf(out);
+    ASSERT_FALSE(languages.empty());
+
+    std::vector<std::string> jobs;
+    for (const auto& entry : fs::directory_iterator(kTests + "/jobs")) {
+        if (entry.path().extension() == ".job") {
+            jobs.push_back(entry.path().stem().string());
+        }
+    }
+    std::sort(jobs.begin(), jobs.end());
+    ASSERT_GE(jobs.size(), 3u);
+
+    for (const std::string& language : languages) {
+        const std::string expectedFolder = kTests + "/expected/" + language;
+        if (regenerate) {
+            fs::create_directories(expectedFolder);
+        }
+        for (const std::string& job : jobs) {
+            SCOPED_TRACE(language + " " + job);
+            // A relative output path: generators that write the job name (the output path) into
+            // the plot give the same bytes wherever the test runs.
+            ASSERT_EQ(Run({kTests + "/jobs/" + job + ".job", "-l", language, "-o", job + ".plt"}),
+                      0)
+                << err;
+            EXPECT_EQ(err, "");
+            const std::string text = reviewText(ReadFileBytes(folder.File(job + ".plt")));
+            const std::string expected = expectedFolder + "/" + job + ".txt";
+            if (regenerate) {
+                std::ofstream(expected, std::ios::binary) << text;
+                continue;
+            }
+            ASSERT_TRUE(fs::exists(expected))
+                << expected << " is missing: run tests/regenerate-expected.sh and review it";
+            EXPECT_EQ(ReadFileBytes(expected), text)
+                << "the plot of " << job << ".job in " << language << " changed";
+        }
+        // No expected file is left over from a job that is gone.
+        for (const auto& entry : fs::directory_iterator(expectedFolder)) {
+            const std::string stem = entry.path().stem().string();
+            EXPECT_TRUE(std::find(jobs.begin(), jobs.end(), stem) != jobs.end())
+                << entry.path() << " has no job file";
+        }
+    }
+    if (regenerate) {
+        GTEST_SKIP() << "expected files written under " << kTests
+                     << "/expected: review them with git diff";
+    }
+}
+
+TEST(ReviewText, IsLossless) {
+    EXPECT_EQ(reviewText(""), "\n");
+    EXPECT_EQ(reviewText("\x1b"
+                         "EIN;PA0,0;"),
+              "\\eEIN;\nPA0,0;\n");
+    EXPECT_EQ(reviewText("LBa\nb\x03;\\"), "LBa\\x0Ab\\x03;\n\\\\\n");
+    EXPECT_EQ(reviewText("PE=<\xC0?"), "PE=<\\xC0?\n");
+}
+
+}  // namespace
