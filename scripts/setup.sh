@@ -15,6 +15,8 @@ packages=(
   libcli11-dev
   # Image files
   libpng-dev
+  # Polygon geometry
+  libpolyclipping-dev
   # Text as geometry: glyph outlines and the default font
   libfreetype-dev fonts-dejavu-core
 )
