@@ -49,6 +49,9 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start, float end,
                            float rotation, int filled) override;
     void DrvDrawText(float x, float y, const VRKUnicodeString& text) override;
+    // Polygon-mode fill in HP-GL/2 (PM0 ... PM2 FP), the host's pattern in fill mode 2, a
+    // scan-line hatch in HP-GL. Invalid arguments draw nothing.
+    void DrvFillArea(int nbPolygons, const int* nbPoints, const float* points) override;
     void DrvDefineColor(int index, float r, float g, float b) override;
     void DrvSelectDrawColor(int index) override;
     void DrvSelectFillColor(int index) override;
@@ -106,6 +109,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void selectPen(int pen);
     // Writes the SC that puts user units back to plotter units.
     void restoreScale();
+    // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
+    void scanLineFill(int nbPolygons, const int* nbPoints, const float* points);
     // True when the plotter writes the text itself as a label.
     bool plotterDrawsText() const;
     // A pen-down line in the HP-GL dialect, with parallel strokes for widths above the pen.
@@ -159,6 +164,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     int currentX = 0;
     int currentY = 0;
     int movePending = 0;
+    // Set while the hatch draws its strokes.
+    int suppressStrokes = 0;
     std::ifstream tableReader;
 
   private:

@@ -400,17 +400,3 @@ void VRKPrintGenerator::DrvSetFillMode(int mode) {
     fillMode_ = mode;
 }
 
-void VRKPrintGenerator::FillPatternPolygon(int nbPolygons, const int* nbPoints,
-                                           const float* points) {
-    if (nbPolygons < 1 || nbPoints == nullptr || points == nullptr) {
-        return;
-    }
-    const float* p = points;
-    for (int i = 0; i < nbPolygons; ++i) {
-        const int n = nbPoints[i];
-        if (n > 0) {
-            DrvDrawPolygon(n, p);
-            p += 2 * static_cast<std::ptrdiff_t>(n);
-        }
-    }
-}

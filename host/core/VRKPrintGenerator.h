@@ -142,8 +142,10 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     virtual void DrvSetPolygonFillRule(int rule);
     virtual void DrvSetFillMode(int mode);
 
-    // Fills polygons with the host's pattern through DrvMoveTo/DrvLineTo. For now it draws
-    // the polygons' outlines.
+    // The host's pattern fill: hatch lines at 45 degrees, 1 mm apart, inside the area by the
+    // current fill rule (1 non-zero winding, else even-odd), each span drawn with DrvMoveTo and
+    // DrvLineTo, then every polygon's outline through DrvDrawPolygon. Invalid arguments (no
+    // polygon, null arrays, negative counts) draw nothing.
     void FillPatternPolygon(int nbPolygons, const int* nbPoints, const float* points);
 
     // Called when a hook threw; the default marks the generator failed.

@@ -317,7 +317,9 @@ TEST(Ellipses, FilledPartialArcBecomesAFill) {
     g.DrawArcEllipse(50, 60, 20, 10, 0, 1, 0, 1);
     const std::string out = g.Take();
     EXPECT_EQ(out.find("WG"), std::string::npos);
-    EXPECT_EQ(out.substr(0, 4), "PE=<");  // the outline of the sector, from the centre
+    // A polygon-mode fill of the sector, from the centre.
+    EXPECT_EQ(out.substr(0, 16), "PU2000,2400PM0PE");
+    EXPECT_EQ(out.substr(out.size() - 7), ";PM2FP0");
 }
 
 }  // namespace

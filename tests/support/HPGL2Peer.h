@@ -17,6 +17,8 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     VRKPrintHPGL2Properties& Record() { return *properties; }
 
     using VRKPrintHPGL2Generator::allocatePenTable;
+    using VRKPrintHPGL2Generator::scanLineFill;
+    using VRKPrintHPGL2Generator::suppressStrokes;
     using VRKPrintHPGL2Generator::beginPlotValue;
     using VRKPrintHPGL2Generator::closeEncodedPolyline;
     using VRKPrintHPGL2Generator::currentDrawColor;

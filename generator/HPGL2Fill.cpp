@@ -1,0 +1,123 @@
+// Area fill: polygon mode in HP-GL/2, a scan-line hatch with the current pen in HP-GL.
+
+#include <memory>
+#include <new>
+
+#include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKPrintStream.h"
+#include "host/core/VRKRawCollPV.h"
+#include "host/geometry/VRKPolygonGeometry.h"
+#include "host/geometry/VRKSimplifiedPolygon.h"
+
+namespace {
+
+// A fill has something to draw: at least one polygon, arrays present, a first polygon with a
+// vertex, some vertex at all, and no negative count (which would walk the points backwards).
+bool fillArgumentsValid(int nbPolygons, const int* nbPoints, const float* points) {
+    if (nbPolygons < 1 || nbPoints == nullptr || points == nullptr) {
+        return false;
+    }
+    if (nbPolygons == 1 && nbPoints[0] < 1) {
+        return false;
+    }
+    long long total = 0;
+    for (int i = 0; i < nbPolygons; ++i) {
+        if (nbPoints[i] < 0) {
+            return false;
+        }
+        total += nbPoints[i];
+    }
+    return total >= 1;
+}
+
+}  // namespace
+
+void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, const float* points) {
+    if (!fillArgumentsValid(nbPolygons, nbPoints, points)) {
+        return;
+    }
+    if (isHPGL()) {
+        if (GetPolygonFillRule() != 1) {
+            scanLineFill(nbPolygons, nbPoints, points);
+            return;
+        }
+        // The hatch is even-odd: reduce the non-zero area to even-odd pieces first.
+        VRKRawCollPV pieces;
+        SimplifyPolygonAndGetWindingNumber(nbPolygons, nbPoints, points, pieces);
+        for (int i = 1; i <= pieces.Size(); ++i) {
+            const auto* piece = static_cast<const VRKSimplifiedPolygon*>(pieces[i]);
+            if (piece != nullptr && piece->windingNumber != 0) {
+                scanLineFill(piece->nbPolygons, piece->nbPoints, piece->points);
+            }
+        }
+        for (int i = 1; i <= pieces.Size(); ++i) {
+            auto* piece = static_cast<VRKSimplifiedPolygon*>(pieces[i]);
+            if (piece != nullptr) {
+                delete[] piece->nbPoints;
+                delete[] piece->points;
+                delete piece;
+            }
+        }
+        return;
+    }
+    closeEncodedPolyline();
+    if (GetFillMode() == 2) {
+        FillPatternPolygon(nbPolygons, nbPoints, points);
+        return;
+    }
+
+    VRKPrintStream& s = out();
+    const bool otherPen = currentFillColor != currentDrawColor;
+    if (otherPen) {
+        s.Write("SP");
+        s.WriteInt(currentFillColor);
+    }
+    // The polygon buffer starts at the pen-up point; the PE after PM0 is relative to it.
+    int x0, y0;
+    toPlotterUnits(points[0], points[1], x0, y0);
+    s.Write("PU");
+    s.WriteInt(x0);
+    s.Put(',');
+    s.WriteInt(y0);
+    lastEncodedX = x0;
+    lastEncodedY = y0;
+    encodedPolylineOpen = 1;
+    s.Write("PM0PE");
+
+    const float* p = points;
+    for (int i = 0; i < nbPolygons; ++i) {
+        int first = 0;
+        if (i > 0) {
+            s.Write("PM1");
+            if (encodedPolylineOpen == 0) {
+                lastEncodedX = 0;
+                lastEncodedY = 0;
+                s.Write("PE=");
+                encodedPolylineOpen = 1;
+            }
+        } else if (nbPoints[0] >= 1) {
+            first = 1;  // the pen-up point is polygon 0's first vertex
+            p += 2;
+        }
+        for (int k = first; k < nbPoints[i]; ++k, p += 2) {
+            DrvLineTo(p[0], p[1]);
+        }
+        if (nbPolygons != 1 && encodedPolylineOpen != 0) {
+            s.Put(';');
+            encodedPolylineOpen = 0;
+        }
+    }
+    // A single polygon is closed explicitly; the plotter closes each subpolygon of several.
+    if (nbPolygons == 1) {
+        DrvLineTo(points[0], points[1]);
+        if (encodedPolylineOpen != 0) {
+            s.Put(';');
+            encodedPolylineOpen = 0;
+        }
+    }
+    s.Write(GetPolygonFillRule() == 1 ? "PM2FP1" : "PM2FP0");
+    if (otherPen) {
+        s.Write("SP");
+        s.WriteInt(currentDrawColor);
+    }
+}

@@ -1,0 +1,158 @@
+// The scan-line hatch of the HP-GL dialect: a pen plotter has no solid fill, so an area is drawn
+// as its outline and then as horizontal strokes half a pen width apart, travelling back and forth.
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <new>
+
+#include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKPrintStream.h"
+#include "host/geometry/VRKPolygonGeometry.h"
+
+namespace {
+
+// Crossings closer than this to the widened box are dropped (millimetres).
+constexpr float kBoundsTolerance = 0.001f;
+// The box is widened sideways by this much, so that the travel starts off the area.
+constexpr float kBoxMargin = 0.01f;
+
+}  // namespace
+
+void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
+                                          const float* points) {
+    if (nbPolygons < 1 || nbPoints == nullptr || points == nullptr) {
+        return;
+    }
+    long long total = 0;
+    for (int i = 0; i < nbPolygons; ++i) {
+        if (nbPoints[i] < 0) {
+            return;
+        }
+        total += nbPoints[i];
+    }
+    if ((nbPolygons == 1 && nbPoints[0] < 1) || total < 1) {
+        return;
+    }
+    // Pen 0 and pens outside the table have no width to hatch with, and no ink.
+    const int pen = currentPen;
+    if (pen < 1 || pen >= penCount || tableThickness == nullptr) {
+        return;
+    }
+    if (GetFillMode() == 2) {
+        FillPatternPolygon(nbPolygons, nbPoints, points);
+        return;
+    }
+    const int savedSuppress = suppressStrokes;
+    suppressStrokes = 1;
+
+    // Outline, and the box of all vertices.
+    float xmin = std::numeric_limits<float>::max(), xmax = -xmin;
+    float ymin = xmin, ymax = -xmin;
+    const float* p = points;
+    for (int i = 0; i < nbPolygons; ++i) {
+        const int n = nbPoints[i];
+        for (int k = 0; k < n; ++k) {
+            const float x = p[2 * k], y = p[2 * k + 1];
+            if (k == 0) {
+                DrvMoveTo(x, y);
+            } else {
+                DrvLineTo(x, y);
+            }
+            xmin = std::min(xmin, x);
+            xmax = std::max(xmax, x);
+            ymin = std::min(ymin, y);
+            ymax = std::max(ymax, y);
+        }
+        if (n > 0) {
+            DrvLineTo(p[0], p[1]);
+        }
+        p += 2 * static_cast<std::ptrdiff_t>(n);
+    }
+    xmin -= kBoxMargin;
+    xmax += kBoxMargin;
+    const float step = 0.5f * tableThickness[pen];
+
+    // A pen without width would never advance the scan line: such a pen gets its outline only.
+    std::unique_ptr<float[]> crossings(
+        new (std::nothrow) float[2 * static_cast<std::size_t>(total)]);
+    if (crossings != nullptr && ymin != ymax && step > 0.0f) {
+        bool fromLeft = true;
+        for (float y = ymin; y <= ymax; y += step) {
+            int count = 0;
+            const auto accept = [&](float x, bool sloped) {
+                if (!sloped || (x >= xmin + kBoundsTolerance && x <= xmax - kBoundsTolerance)) {
+                    crossings[static_cast<std::size_t>(count++)] = x;
+                }
+            };
+            const float* poly = points;
+            for (int i = 0; i < nbPolygons; ++i) {
+                const int n = nbPoints[i];
+                for (int k = 0; k < n; ++k) {
+                    // Edge from vertex k to vertex k + 1, the last one closing back to vertex 0.
+                    const float x0 = poly[2 * k], y0 = poly[2 * k + 1];
+                    const int next = k + 1 < n ? k + 1 : 0;
+                    const float x1 = poly[2 * next], y1 = poly[2 * next + 1];
+                    if (y < std::min(y0, y1) || y > std::max(y0, y1)) {
+                        continue;
+                    }
+                    const bool vertical = x0 == x1;
+                    const bool sloped = !vertical && y0 != y1;
+                    if (y == y0) {
+                        if (k == 0) {
+                            // The first vertex counts exactly once whenever it lies on the line,
+                            // whatever its neighbours. This is how areas have always been
+                            // hatched, so an extremum there leaves an odd crossing; kept.
+                            accept(x0, sloped);
+                        } else {
+                            // A vertex on the line belongs to the edge leaving it: once when
+                            // that edge rises, once more when the vertex before lies higher. A
+                            // local minimum counts twice, a maximum not at all.
+                            const float yBefore = poly[2 * (k - 1) + 1];
+                            if (y1 > y0) {
+                                accept(x0, sloped);
+                            }
+                            if (yBefore > y0) {
+                                accept(x0, sloped);
+                            }
+                        }
+                    } else if (y != y1) {
+                        if (vertical) {
+                            crossings[static_cast<std::size_t>(count++)] = x0;
+                        } else {
+                            const float slope = (y1 - y0) / (x1 - x0);
+                            const float intercept = y0 - slope * x0;
+                            accept((y - intercept) / slope, true);
+                        }
+                    }
+                }
+                poly += 2 * static_cast<std::ptrdiff_t>(n);
+            }
+
+            std::unique_ptr<int[]> order(
+                new (std::nothrow) int[static_cast<std::size_t>(std::max(count, 1))]);
+            if (order == nullptr) {
+                break;
+            }
+            SingleSort(crossings.get(), count, order.get());
+            DrvMoveTo(fromLeft ? xmin : xmax, y);
+            // Spans between crossings 1-2, 3-4, ... are drawn: even-odd.
+            for (int c = 0; c < count; ++c) {
+                const float x = crossings[static_cast<std::size_t>(fromLeft ? c : count - 1 - c)];
+                if (c % 2 == 0) {
+                    DrvMoveTo(x, y);
+                } else {
+                    DrvLineTo(x, y);
+                }
+            }
+            fromLeft = !fromLeft;
+        }
+    }
+    suppressStrokes = savedSuppress;
+
+    // The hatch was drawn with the fill colour's pen: back to the draw colour's.
+    if (currentDrawColor != currentFillColor) {
+        selectPen(
+            selectPenForColor(currentDrawColor, currentDrawWidth, strokeCount, strokeSpacing));
+    }
+}
