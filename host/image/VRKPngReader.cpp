@@ -212,7 +212,7 @@ VRKPixelImage* read(Source& source, std::string& error) {
     }
     VRKPixelImage* image = state.image;
     if (image->GetFormat() == VRKPixelImage::kMono1 && image->GetWidth() % 8 != 0) {
-        // The file leaves the bits after a row's last pixel unspecified; the image keeps them
+        // The file may hold anything in the bits after a row's last pixel; the image keeps them
         // clear.
         const auto mask = static_cast<unsigned char>(0xFF << (8 - image->GetWidth() % 8));
         for (int y = 0; y < image->GetHeight(); ++y) {
