@@ -88,20 +88,24 @@ bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
     line_ = 0;
 
     std::string line;
-    while (std::getline(in, line)) {
+    for (;;) {
+        const LineRead read = ReadLine(in, line);
+        if (read == LineRead::kEnd) {
+            break;
+        }
         if (line_ == INT_MAX) {
             return Fail("too many lines");
         }
         ++line_;
+        if (read == LineRead::kTooLong) {
+            return Fail("the line is longer than " + std::to_string(maxLineLength_) + " bytes");
+        }
         if (!line.empty() && line.back() == '\r') {
             line.pop_back();
         }
         if (!PlayLine(line, line_)) {
             return false;
         }
-    }
-    if (in.bad()) {
-        return Fail("cannot read the job file");
     }
     // Errors of the file as a whole are reported at its last line (line 1 for an empty file), so
     // that every message of the player carries a line.
@@ -115,6 +119,33 @@ bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
     }
     error_.line = 0;
     return true;
+}
+
+// A line is read byte by byte from the stream's buffer rather than with std::getline, so that a
+// file without line ends (a device, a damaged file) stops at the length limit instead of filling
+// memory.
+VRKJobPlayer::LineRead VRKJobPlayer::ReadLine(std::istream& in, std::string& line) const {
+    using Traits = std::char_traits<char>;
+    line.clear();
+    std::streambuf* buffer = in.rdbuf();
+    if (buffer == nullptr) {
+        return LineRead::kEnd;
+    }
+    bool any = false;
+    for (;;) {
+        const Traits::int_type c = buffer->sbumpc();
+        if (Traits::eq_int_type(c, Traits::eof())) {
+            return any ? LineRead::kLine : LineRead::kEnd;
+        }
+        any = true;
+        if (c == '\n') {
+            return LineRead::kLine;
+        }
+        if (line.size() >= maxLineLength_) {
+            return LineRead::kTooLong;
+        }
+        line.push_back(Traits::to_char_type(c));
+    }
 }
 
 bool VRKJobPlayer::Fail(std::string message) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <istream>
 #include <string>
 #include <string_view>
@@ -39,8 +40,15 @@ class VRKJobPlayer {
     // The error that stopped the last Play, or an empty message after a success.
     const VRKJobError& GetError() const { return error_; }
 
+    // Lines longer than this many bytes (the LF not counted) are refused, so that a file
+    // without line ends cannot take all memory. The default allows some twenty million points on
+    // one line.
+    static constexpr std::size_t kDefaultMaxLineLength = std::size_t{256} << 20;
+    void SetMaxLineLength(std::size_t bytes) { maxLineLength_ = bytes; }
+
   private:
     enum class State { kBeforeBegin, kInJob, kAfterEnd };
+    enum class LineRead { kLine, kEnd, kTooLong };
     using Handler = bool (VRKJobPlayer::*)();
     struct Verb {
         const char* name;
@@ -50,6 +58,7 @@ class VRKJobPlayer {
     };
     static const Verb kVerbs[];
 
+    LineRead ReadLine(std::istream& in, std::string& line) const;
     bool PlayLine(std::string_view line, int lineNumber);
     bool Fail(std::string message);
     bool FailArgument(std::string_view what);
@@ -104,6 +113,7 @@ class VRKJobPlayer {
     VRKJobLexer lexer_;
     const Verb* verb_ = nullptr;
     State state_ = State::kBeforeBegin;
+    std::size_t maxLineLength_ = kDefaultMaxLineLength;
     int line_ = 0;
     int beginLine_ = 0;
     int endLine_ = 0;

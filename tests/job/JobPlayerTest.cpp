@@ -495,6 +495,26 @@ TEST(JobPlayerFiles, ErrorTextHasFileLineAndMessage) {
     EXPECT_EQ((VRKJobError{"a.job", 0, "cannot open"}).ToString(), "a.job: cannot open");
 }
 
+TEST(JobPlayerFiles, LinesLongerThanTheLimitAreRefused) {
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    player.SetMaxLineLength(11);
+    std::istringstream fits("Begin\nMoveTo 1 23\nEnd\n");  // 11 bytes before the LF
+    EXPECT_TRUE(player.Play(fits, "JOB", "")) << player.GetError().ToString();
+    std::istringstream tooLong("Begin\nMoveTo 1 234\nEnd\n");
+    EXPECT_FALSE(player.Play(tooLong, "JOB", ""));
+    EXPECT_EQ(player.GetError().ToString(), "JOB:2: the line is longer than 11 bytes");
+}
+
+TEST(JobPlayerFiles, EndlessLineFromADevice) {
+    // /dev/zero never ends a line: the limit stops it.
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    player.SetMaxLineLength(1 << 20);
+    EXPECT_FALSE(player.PlayFile("/dev/zero"));
+    EXPECT_EQ(player.GetError().ToString(), "/dev/zero:1: the line is longer than 1048576 bytes");
+}
+
 TEST(JobPlayerFiles, PlayerCanBeUsedAgain) {
     RecordingGenerator first;
     VRKJobPlayer player(first);
