@@ -154,7 +154,11 @@ int main(int argc, char** argv) {
         std::cerr << "vrkplot: no job file given (see --help)\n";
         return kFailure;
     }
-    if (!output.empty() && jobs.size() > 1) {
+    if (outputOption->count() > 0 && output.empty()) {
+        std::cerr << "vrkplot: -o needs a file name, or - for standard output\n";
+        return kFailure;
+    }
+    if (outputOption->count() > 0 && jobs.size() > 1) {
         std::cerr << "vrkplot: -o goes with a single job file; " << jobs.size() << " were given\n";
         return kFailure;
     }
@@ -177,7 +181,7 @@ int main(int argc, char** argv) {
 
     int status = 0;
     for (const std::string& job : jobs) {
-        const std::string target = output.empty() ? defaultOutput(job) : output;
+        const std::string target = outputOption->count() > 0 ? output : defaultOutput(job);
         if (!plot(job, target, nameOption->count() > 0 ? jobName : target, *language)) {
             status = kFailure;
         }
