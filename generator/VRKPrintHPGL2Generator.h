@@ -52,6 +52,9 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // Polygon-mode fill in HP-GL/2 (PM0 ... PM2 FP), the host's pattern in fill mode 2, a
     // scan-line hatch in HP-GL. Invalid arguments draw nothing.
     void DrvFillArea(int nbPolygons, const int* nbPoints, const float* points) override;
+    // The image as PCL raster inside the HP-GL/2 stream, in tiles when it is larger than PCL
+    // allows; nothing in HP-GL.
+    void DrvDrawBitmap(float x, float y, const VRKPixelImage* image) override;
     void DrvDefineColor(int index, float r, float g, float b) override;
     void DrvSelectDrawColor(int index) override;
     void DrvSelectFillColor(int index) override;
@@ -111,6 +114,10 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
     void scanLineFill(int nbPolygons, const int* nbPoints, const float* points);
+    // One image or tile: PU to its right-hand edge, PCL raster, back to HP-GL/2.
+    void writeRaster(float x, float y, const VRKPixelImage& image);
+    // Rows of a grey or RGB image as mirrored RGB rows, delta-row compressed where that pays.
+    void writeRgbRows(const VRKPixelImage& image);
     // True when the plotter writes the text itself as a label.
     bool plotterDrawsText() const;
     // A pen-down line in the HP-GL dialect, with parallel strokes for widths above the pen.
