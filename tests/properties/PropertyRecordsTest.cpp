@@ -150,7 +150,7 @@ TEST(HPGLProperties, Defaults) {
 }
 
 TEST(HPGLProperties, SetPensWithEightLeavesTheRestButCopiesEight) {
-    Ref<VRKPrintHPGLProperties> r;
+    Ref<HPGLPeer> r;
     std::array<float, 32> red, green, blue, width;
     std::array<int, 32> enable;
     for (int i = 0; i < 32; ++i) {
@@ -164,7 +164,7 @@ TEST(HPGLProperties, SetPensWithEightLeavesTheRestButCopiesEight) {
     EXPECT_EQ(r->GetPenCount(), 8);
 
     // Entries 8 to 31 keep their defaults in the record.
-    const auto* peer = static_cast<const HPGLPeer*>(r.p);
+    const HPGLPeer* peer = r.p;
     for (int i = 8; i < 32; ++i) {
         SCOPED_TRACE(i);
         EXPECT_EQ(peer->red[i], 0.0f);
