@@ -130,7 +130,7 @@ void VRKPrintHPGL2Generator::writeRaster(float x, float y, const VRKPixelImage& 
             // Rows of the image turned by 180 degrees, from its last to its first: the original
             // rows top to bottom, each mirrored, as the turned coordinates want them.
             ImageReference turned{image.CreateRotated180()};
-            if (turned.image != nullptr) {
+            if (turned.image != nullptr && w > 0) {
                 const long long bytes = (static_cast<long long>(w) + 7) / 8;
                 for (int row = h - 1; row >= 0; --row) {
                     s.Write("\x1b*b");

@@ -53,7 +53,8 @@ VRKPixelImage::VRKPixelImage(int width, int height, int format, float pixelWidth
       pixelHeight_(pixelHeight) {}
 
 bool VRKPixelImage::Allocate() {
-    if (format_ == kUnsupported) {
+    // The unsupported format has no rows, and an empty image (no columns or no rows) no pixels.
+    if (format_ == kUnsupported || width_ == 0 || height_ == 0) {
         return true;
     }
     const auto rows = static_cast<std::size_t>(height_);
@@ -72,7 +73,7 @@ bool VRKPixelImage::Allocate() {
 
 VRKPixelImage* VRKPixelImage::Create(int width, int height, int format, float pixelWidth,
                                      float pixelHeight) {
-    if (width < 1 || height < 1 || !isKnownFormat(format)) {
+    if (width < 0 || height < 0 || !isKnownFormat(format)) {
         return nullptr;
     }
     auto* image = new (std::nothrow) VRKPixelImage(width, height, format, pixelWidth, pixelHeight);
@@ -90,7 +91,7 @@ VRKPixelImage* VRKPixelImage::CreateFromData(int width, int height, int format, 
                                              std::size_t stride, float pixelWidth,
                                              float pixelHeight) {
     const std::size_t rowBytes = BytesPerRow(format, width);
-    if (format != kUnsupported && (data == nullptr || stride < rowBytes)) {
+    if (format != kUnsupported && rowBytes > 0 && (data == nullptr || stride < rowBytes)) {
         return nullptr;
     }
     VRKPixelImage* image = Create(width, height, format, pixelWidth, pixelHeight);

@@ -38,7 +38,8 @@ class VRKPixelImage : public VRKBaseUnknown {
     static constexpr float kDefaultPixelSize = 0.254f;
 
     // A new image with every byte of every row zero (black; transparent black for RGBA). Width
-    // and height must be at least 1 and the format one of the codes above.
+    // and height must not be negative (an image of width or height 0 has no pixels) and the
+    // format must be one of the codes above.
     static VRKPixelImage* Create(int width, int height, int format,
                                  float pixelWidth = kDefaultPixelSize,
                                  float pixelHeight = kDefaultPixelSize);

@@ -233,6 +233,25 @@ TEST(Raster, ClosesAnOpenPolylineAndNothingInHPGL) {
     image->Release();
 }
 
+TEST(Raster, WidthZeroIsOneTileWithoutRows) {
+    for (int format : {0, 2, 3, 4}) {
+        VRKPixelImage* image = VRKPixelImage::Create(0, 3, format);
+        ASSERT_NE(image, nullptr) << format;
+        Plot p;
+        p.g.DrawBitmap(0, 0, 0, image);
+        image->Release();
+        const std::string out = p.g.Take();
+        EXPECT_EQ(out.find("\x1b*b", out.find("\x1b*b0M") + 5), std::string::npos)
+            << Printable(out);
+        const std::string head =
+            "PU0,0\x1b%1A" + std::string(format == 4 ? "\x1b*r0s3T" : "\x1b*p0P\x1b*r0s3T");
+        const std::string tail =
+            format == 4 ? "\x1b*b0M\x1b*rC\x1b%0B" : "\x1b*b0M\x1b*rC\x1b*p1P\x1b%0B";
+        EXPECT_EQ(out.substr(0, head.size()), head);
+        EXPECT_EQ(out.substr(out.size() - tail.size()), tail);
+    }
+}
+
 TEST(Raster, ExactlyTheLargestWidthMakesTwoTiles) {
     // 2 * 577.975 mm = 1155.95 mm = 32767.0x decipoints.
     VRKPixelImage* image = Grey(2, 1, {1, 2});

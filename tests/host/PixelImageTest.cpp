@@ -66,9 +66,8 @@ TEST(PixelImage, DefaultPixelSizeIsAHundredthOfAnInch) {
 }
 
 TEST(PixelImage, InvalidSizesAndFormatsGiveNull) {
-    EXPECT_EQ(VRKPixelImage::Create(0, 1, VRKPixelImage::kGrey8), nullptr);
-    EXPECT_EQ(VRKPixelImage::Create(1, 0, VRKPixelImage::kGrey8), nullptr);
     EXPECT_EQ(VRKPixelImage::Create(-1, 1, VRKPixelImage::kGrey8), nullptr);
+    EXPECT_EQ(VRKPixelImage::Create(1, -1, VRKPixelImage::kGrey8), nullptr);
     EXPECT_EQ(VRKPixelImage::Create(1, 1, 5), nullptr);
     EXPECT_EQ(VRKPixelImage::Create(1, 1, -1), nullptr);
     // Far more memory than any machine has: refused, not thrown.
@@ -76,6 +75,17 @@ TEST(PixelImage, InvalidSizesAndFormatsGiveNull) {
     const char row[2] = {1, 2};
     EXPECT_EQ(VRKPixelImage::CreateFromData(2, 1, VRKPixelImage::kGrey8, nullptr, 2), nullptr);
     EXPECT_EQ(VRKPixelImage::CreateFromData(2, 1, VRKPixelImage::kGrey8, row, 1), nullptr);
+}
+
+TEST(PixelImage, EmptyImagesHaveNoPixels) {
+    Image noColumns(VRKPixelImage::Create(0, 3, VRKPixelImage::kRGB8));
+    ASSERT_NE(noColumns.get(), nullptr);
+    EXPECT_EQ(noColumns->GetWidth(), 0);
+    EXPECT_EQ(noColumns->GetHeight(), 3);
+    EXPECT_EQ(noColumns->GetBytesPerRow(), 0u);
+    Image noRows(VRKPixelImage::CreateFromData(4, 0, VRKPixelImage::kGrey8, nullptr, 0));
+    ASSERT_NE(noRows.get(), nullptr);
+    EXPECT_EQ(noRows->GetRow(0), nullptr);
 }
 
 TEST(PixelImage, UnsupportedFormatHasASizeButNoRows) {
