@@ -91,7 +91,8 @@ VRKPixelImage* VRKPixelImage::CreateFromData(int width, int height, int format, 
                                              std::size_t stride, float pixelWidth,
                                              float pixelHeight) {
     const std::size_t rowBytes = BytesPerRow(format, width);
-    if (format != kUnsupported && rowBytes > 0 && (data == nullptr || stride < rowBytes)) {
+    if (format != kUnsupported && rowBytes > 0 && height > 0 &&
+        (data == nullptr || stride < rowBytes)) {
         return nullptr;
     }
     VRKPixelImage* image = Create(width, height, format, pixelWidth, pixelHeight);
