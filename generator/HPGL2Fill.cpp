@@ -3,37 +3,15 @@
 #include <memory>
 #include <new>
 
+#include "generator/FillArguments.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/core/VRKRawCollPV.h"
 #include "host/geometry/VRKPolygonGeometry.h"
 #include "host/geometry/VRKSimplifiedPolygon.h"
 
-namespace {
-
-// A fill has something to draw: at least one polygon, arrays present, a first polygon with a
-// vertex, some vertex at all, and no negative count (which would walk the points backwards).
-bool fillArgumentsValid(int nbPolygons, const int* nbPoints, const float* points) {
-    if (nbPolygons < 1 || nbPoints == nullptr || points == nullptr) {
-        return false;
-    }
-    if (nbPolygons == 1 && nbPoints[0] < 1) {
-        return false;
-    }
-    long long total = 0;
-    for (int i = 0; i < nbPolygons; ++i) {
-        if (nbPoints[i] < 0) {
-            return false;
-        }
-        total += nbPoints[i];
-    }
-    return total >= 1;
-}
-
-}  // namespace
-
 void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, const float* points) {
-    if (!fillArgumentsValid(nbPolygons, nbPoints, points)) {
+    if (fillVertexCount(nbPolygons, nbPoints, points) < 1) {
         return;
     }
     if (isHPGL()) {
@@ -90,10 +68,7 @@ void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, co
         if (i > 0) {
             s.Write("PM1");
             if (encodedPolylineOpen == 0) {
-                lastEncodedX = 0;
-                lastEncodedY = 0;
-                s.Write("PE=");
-                encodedPolylineOpen = 1;
+                openEncodedPolyline();
             }
         } else if (nbPoints[0] >= 1) {
             first = 1;  // the pen-up point is polygon 0's first vertex

@@ -18,12 +18,7 @@ void VRKPrintHPGL2Generator::DrvMoveTo(float x, float y) {
     }
     VRKPrintStream& s = out();
     if (encodedPolylineOpen == 0) {
-        // "=" makes the next pair absolute; with the reference at 0,0 the encoded difference is
-        // the absolute position.
-        s.Write("PE=");
-        lastEncodedX = 0;
-        lastEncodedY = 0;
-        encodedPolylineOpen = 1;
+        openEncodedPolyline();
     } else if (px == lastEncodedX && py == lastEncodedY) {
         return;
     }
@@ -43,10 +38,7 @@ void VRKPrintHPGL2Generator::DrvLineTo(float x, float y) {
     toPlotterUnits(x, y, px, py);
     VRKPrintStream& s = out();
     if (encodedPolylineOpen == 0) {
-        s.Write("PE=");
-        lastEncodedX = 0;
-        lastEncodedY = 0;
-        encodedPolylineOpen = 1;
+        openEncodedPolyline();
     }
     // A line to the current position is still written: a zero-length pair plots a dot.
     s.Write(encodeNumber(px - lastEncodedX));

@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 
+#include "generator/FillArguments.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/geometry/VRKPolygonGeometry.h"
@@ -21,17 +22,8 @@ constexpr float kBoxMargin = 0.01f;
 
 void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
                                           const float* points) {
-    if (nbPolygons < 1 || nbPoints == nullptr || points == nullptr) {
-        return;
-    }
-    long long total = 0;
-    for (int i = 0; i < nbPolygons; ++i) {
-        if (nbPoints[i] < 0) {
-            return;
-        }
-        total += nbPoints[i];
-    }
-    if ((nbPolygons == 1 && nbPoints[0] < 1) || total < 1) {
+    const long long total = fillVertexCount(nbPolygons, nbPoints, points);
+    if (total < 1) {
         return;
     }
     // Pen 0 and pens outside the table have no width to hatch with, and no ink.

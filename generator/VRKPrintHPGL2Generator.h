@@ -85,6 +85,14 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
             encodedPolylineOpen = 0;
         }
     }
+    // Opens an absolute PE run: "=" makes the next pair absolute, and with the reference at 0,0
+    // the encoded difference is the absolute position.
+    void openEncodedPolyline() {
+        out().Write("PE=");
+        lastEncodedX = 0;
+        lastEncodedY = 0;
+        encodedPolylineOpen = 1;
+    }
     // Millimetres to plotter units: truncated toward zero, the origin offset added, truncated
     // again. There is no rounding to nearest anywhere on this path.
     void toPlotterUnits(float x, float y, int& px, int& py) const;
