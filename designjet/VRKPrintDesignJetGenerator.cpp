@@ -17,20 +17,20 @@ void VRKPrintDesignJetGenerator::pjlLine(std::string_view text) {
     out().EndLine();
 }
 
-void VRKPrintDesignJetGenerator::pjlJobLine() {
+void VRKPrintDesignJetGenerator::pjlNamedLine(const char* command) {
     VRKPrintStream& s = out();
     s.Write(kUniversalExit);
-    s.Write("@PJL JOB NAME=\"VORAN:");
+    s.Write(command);
+    s.Write(" NAME=\"VORAN:");
     s.Write(jobName.ConvertToChar().str());
     s.Put('"');
     s.EndLine();
 }
 
+void VRKPrintDesignJetGenerator::pjlJobLine() {
+    pjlNamedLine("@PJL JOB");
+}
+
 void VRKPrintDesignJetGenerator::pjlEndOfJobLine() {
-    VRKPrintStream& s = out();
-    s.Write(kUniversalExit);
-    s.Write("@PJL EOJ NAME=\"VORAN:");
-    s.Write(jobName.ConvertToChar().str());
-    s.Put('"');
-    s.EndLine();
+    pjlNamedLine("@PJL EOJ");
 }

@@ -23,4 +23,8 @@ class VRKPrintDesignJetGenerator : public VRKPrintHPGL2Generator {
     void pjlEndOfJobLine();
 
     VRKUnicodeString jobName;
+
+  private:
+    // ESC %-12345X, the command, NAME="VORAN:<job name>".
+    void pjlNamedLine(const char* command);
 };

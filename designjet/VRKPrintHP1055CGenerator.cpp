@@ -4,8 +4,8 @@
 #include <string>
 
 #include "host/core/VRKClassRegistration.h"
-#include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHP1055CProperties.h"
+#include "properties/VRKPrintHPGL2Properties.h"
 
 VRK_DEFINE_CLASS(VRKPrintHP1055CGenerator, VRKPrintHPGL2Generator, "VRKNull", "Print")
 

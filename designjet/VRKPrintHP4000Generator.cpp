@@ -4,8 +4,8 @@
 #include <string>
 
 #include "host/core/VRKClassRegistration.h"
-#include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHP4000Properties.h"
+#include "properties/VRKPrintHPGL2Properties.h"
 
 VRK_DEFINE_CLASS(VRKPrintHP4000Generator, VRKPrintHPGL2Generator, "VRKNull", "Print")
 
