@@ -19,6 +19,11 @@ struct LineStyle {
     float length;
 };
 
+// Solid, dashed, dotted, dash-dot, dash-dot-dot.
+constexpr LineStyle kLineStyles[5] = {
+    {1, -1.0f}, {2, 2.0f}, {3, 5.5f}, {5, 10.0f}, {6, 12.0f},
+};
+
 // Label origin of each of the host's anchors (28 to 39); other values give 1, left baseline.
 int labelOrigin(int anchor) {
     switch (anchor) {
@@ -100,71 +105,37 @@ void VRKPrintHPGL2Generator::DrvSetLineJoin(VRKPrintLineAttribute join) {
 }
 
 // The line type only decides whether ellipses may be drawn natively; no LT is ever written, so
-// dashed curves come flattened from the host.
+// dashed curves come flattened from the host. The integer styles 1 to 5 and the attribute styles 0
+// to 4 name the same five types; the user-defined styles are type 8.
+void VRKPrintHPGL2Generator::applyLineStyle(int index) {
+    const LineStyle& style = kLineStyles[index];
+    currentLineType = style.type;
+    if (style.length >= 0.0f) {
+        linePatternLength = style.length;
+    }
+}
+
 void VRKPrintHPGL2Generator::DrvSetLineStyle(int style) {
     closeEncodedPolyline();
-    switch (style) {
-        case 1:
-            currentLineType = 1;
-            break;
-        case 2:
-            currentLineType = 2;
-            linePatternLength = 2.0f;
-            break;
-        case 3:
-            currentLineType = 3;
-            linePatternLength = 5.5f;
-            break;
-        case 4:
-            currentLineType = 5;
-            linePatternLength = 10.0f;
-            break;
-        case 5:
-            currentLineType = 6;
-            linePatternLength = 12.0f;
-            break;
-        case 6:
-        case 7:
-            currentLineType = 8;
-            linePatternLength = 0.0f;
-            break;
-        default:
-            currentLineType = style;
-            break;
+    if (style >= 1 && style <= 5) {
+        applyLineStyle(style - 1);
+    } else if (style == 6 || style == 7) {
+        currentLineType = 8;
+        linePatternLength = 0.0f;
+    } else {
+        currentLineType = style;
     }
 }
 
 void VRKPrintHPGL2Generator::DrvSetLineStyle(VRKPrintLineAttribute style, float length,
                                              const float* /*pattern*/) {
     closeEncodedPolyline();
-    switch (static_cast<int>(style)) {
-        case 0:
-            currentLineType = 1;
-            break;
-        case 1:
-            currentLineType = 2;
-            linePatternLength = 2.0f;
-            break;
-        case 2:
-            currentLineType = 3;
-            linePatternLength = 5.5f;
-            break;
-        case 3:
-            currentLineType = 5;
-            linePatternLength = 10.0f;
-            break;
-        case 4:
-            currentLineType = 6;
-            linePatternLength = 12.0f;
-            break;
-        case 5:
-        case 6:
-        case 7:
-            currentLineType = 8;
-            linePatternLength = length;
-            break;
-        default:
-            break;
+    const int attribute = static_cast<int>(style);
+    if (attribute >= 0 && attribute <= 4) {
+        applyLineStyle(attribute);
+    } else if (attribute >= 5 && attribute <= 7) {
+        currentLineType = 8;
+        linePatternLength = length;
     }
 }
 

@@ -118,6 +118,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void matchWidth(int pen, float width, int& strokes, float& spacing) const;
     // Writes SP when the pen changes.
     void selectPen(int pen);
+    // Sets the line type and pattern length of one of the five named line styles.
+    void applyLineStyle(int index);
     // Writes the SC that puts user units back to plotter units.
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
