@@ -19,6 +19,10 @@ packages=(
   libpolyclipping-dev
   # Text as geometry: glyph outlines and the default font
   libfreetype-dev fonts-dejavu-core
+  # Settings files: XML
+  libpugixml-dev
+  # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
+  libplot-dev linux-perf
 )
 
 missing=()
