@@ -3,6 +3,9 @@
 #include <algorithm>
 
 #include "host/core/VRKClassRegistration.h"
+#include "host/core/VRKDataExtension.h"
+#include "host/core/VRKInterfaceRegistration.h"
+#include "host/core/VRKMetaClass.h"
 
 VRKClassDictionary& VRKClassDictionary::Instance() {
     static VRKClassDictionary dictionary;
@@ -72,4 +75,80 @@ VRKClassRegistration::VRKClassRegistration(const VRKClassEntry& entry)
 
 VRKClassRegistration::~VRKClassRegistration() {
     VRKClassDictionary::Instance().Unregister(className_, framework_);
+}
+
+void VRKClassDictionary::RegisterInterface(const VRKInterfaceEntry& entry) {
+    UnregisterInterface(entry.interfaceName, entry.className, entry.framework);
+    interfaces_.push_back(entry);
+}
+
+void VRKClassDictionary::UnregisterInterface(std::string_view interfaceName,
+                                             std::string_view className,
+                                             std::string_view framework) {
+    std::erase_if(interfaces_, [&](const VRKInterfaceEntry& e) {
+        return e.interfaceName == interfaceName && e.className == className &&
+               e.framework == framework;
+    });
+}
+
+const VRKInterfaceEntry* VRKClassDictionary::FindInterface(std::string_view className,
+                                                           std::string_view interfaceName,
+                                                           std::string_view framework) const {
+    for (const VRKInterfaceEntry& e : interfaces_) {
+        if (e.className == className && e.interfaceName == interfaceName &&
+            e.framework == framework) {
+            return &e;
+        }
+    }
+    return nullptr;
+}
+
+VRKBaseUnknown* VRKClassDictionary::createTie(const VRKInterfaceEntry& entry,
+                                              VRKBaseUnknown* object) const {
+    if (entry.createImplementation == nullptr || entry.createTie == nullptr) {
+        return nullptr;
+    }
+    VRKDataExtension* implementation = entry.createImplementation();
+    if (implementation == nullptr) {
+        return nullptr;
+    }
+    implementation->SetImpl(object);
+    VRKBaseUnknown* tie = entry.createTie(implementation);
+    // The TIE holds its own reference; ours goes whether or not the TIE came to be.
+    implementation->Release();
+    return tie;
+}
+
+VRKBaseUnknown* VRKClassDictionary::QueryInterface(VRKBaseUnknown* object,
+                                                   std::string_view interfaceName,
+                                                   std::string_view framework) const {
+    if (object == nullptr) {
+        return nullptr;
+    }
+    for (const VRKMetaClass* meta = object->GetMetaObject(); meta != nullptr;
+         meta = meta->GetBase()) {
+        if (const VRKInterfaceEntry* entry =
+                FindInterface(meta->GetClassName(), interfaceName, framework)) {
+            return createTie(*entry, object);
+        }
+    }
+    return nullptr;
+}
+
+VRKBaseUnknown* VRKClassDictionary::GetClassInterface(std::string_view className,
+                                                      std::string_view interfaceName,
+                                                      std::string_view framework) const {
+    const VRKInterfaceEntry* entry = FindInterface(className, interfaceName, framework);
+    return entry != nullptr ? createTie(*entry, nullptr) : nullptr;
+}
+
+VRKInterfaceRegistration::VRKInterfaceRegistration(const VRKInterfaceEntry& entry)
+    : interfaceName_(entry.interfaceName),
+      className_(entry.className),
+      framework_(entry.framework) {
+    VRKClassDictionary::Instance().RegisterInterface(entry);
+}
+
+VRKInterfaceRegistration::~VRKInterfaceRegistration() {
+    VRKClassDictionary::Instance().UnregisterInterface(interfaceName_, className_, framework_);
 }
