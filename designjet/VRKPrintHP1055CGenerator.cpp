@@ -38,6 +38,13 @@ VRKBaseUnknown* VRKPrintHP1055CGenerator::GetProperties() {
     return designJetProperties;
 }
 
+VRKBaseUnknown* VRKPrintHP1055CGenerator::EnsureProperties() {
+    if (designJetProperties == nullptr) {
+        designJetProperties = new (std::nothrow) VRKPrintHP1055CProperties;
+    }
+    return designJetProperties;
+}
+
 void VRKPrintHP1055CGenerator::SetHP1055CProperties(VRKPrintHP1055CProperties* record) {
     if (record != nullptr) {
         record->AddRef();
@@ -49,11 +56,8 @@ void VRKPrintHP1055CGenerator::SetHP1055CProperties(VRKPrintHP1055CProperties* r
 }
 
 void VRKPrintHP1055CGenerator::DrvBegin(const VRKPrintParameters& params) {
-    if (designJetProperties == nullptr) {
-        designJetProperties = new (std::nothrow) VRKPrintHP1055CProperties;
-        if (designJetProperties == nullptr) {
-            return;
-        }
+    if (EnsureProperties() == nullptr) {
+        return;
     }
     const VRKPrintHP1055CProperties& record = *designJetProperties;
     std::string printArea;

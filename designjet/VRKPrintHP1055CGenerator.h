@@ -15,6 +15,8 @@ class VRKPrintHP1055CGenerator final : public VRKPrintDesignJetGenerator {
 
     // The DesignJet record: null until one is set or the first job creates one with defaults.
     VRKBaseUnknown* GetProperties() override;
+    // Creates the record with its defaults when there is none yet.
+    VRKBaseUnknown* EnsureProperties() override;
     VRKPrintHP1055CProperties* GetHP1055CProperties() const { return designJetProperties; }
     // Takes a reference to the record (null drops the current one).
     void SetHP1055CProperties(VRKPrintHP1055CProperties* record);

@@ -71,6 +71,13 @@ VRKBaseUnknown* VRKPrintHP4000Generator::GetProperties() {
     return designJetProperties;
 }
 
+VRKBaseUnknown* VRKPrintHP4000Generator::EnsureProperties() {
+    if (designJetProperties == nullptr) {
+        designJetProperties = new (std::nothrow) VRKPrintHP4000Properties;
+    }
+    return designJetProperties;
+}
+
 void VRKPrintHP4000Generator::SetHP4000Properties(VRKPrintHP4000Properties* record) {
     if (record != nullptr) {
         record->AddRef();
@@ -82,11 +89,8 @@ void VRKPrintHP4000Generator::SetHP4000Properties(VRKPrintHP4000Properties* reco
 }
 
 void VRKPrintHP4000Generator::DrvBegin(const VRKPrintParameters& params) {
-    if (designJetProperties == nullptr) {
-        designJetProperties = new (std::nothrow) VRKPrintHP4000Properties;
-        if (designJetProperties == nullptr) {
-            return;
-        }
+    if (EnsureProperties() == nullptr) {
+        return;
     }
     VRKPrintHP4000Properties& record = *designJetProperties;
     // Media source 1 is the roll on this model, 0 manual feed: the reverse of the 1000 series.

@@ -16,6 +16,8 @@ class VRKPrintHP4000Generator final : public VRKPrintDesignJetGenerator {
 
     // The DesignJet record: null until one is set or the first job creates one with defaults.
     VRKBaseUnknown* GetProperties() override;
+    // Creates the record with its defaults when there is none yet.
+    VRKBaseUnknown* EnsureProperties() override;
     VRKPrintHP4000Properties* GetHP4000Properties() const { return designJetProperties; }
     // Takes a reference to the record (null drops the current one).
     void SetHP4000Properties(VRKPrintHP4000Properties* record);

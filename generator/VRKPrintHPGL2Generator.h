@@ -28,6 +28,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
 
     // The record, for the host's property interface and dialogs.
     VRKBaseUnknown* GetProperties() override;
+    // The HP-GL settings the HP-GL dialect plots with (pens, origin): the record's own.
+    VRKPrintHPGLProperties* GetHPGLSettings() const { return hpglSettings; }
     // Hands the stream to the base and nothing else.
     void Attach(VRKPrintStream* stream) override;
     // The plotter draws a text itself (support 2) in HP-GL/2 with a plotter typeface, no host

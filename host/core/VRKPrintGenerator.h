@@ -66,6 +66,10 @@ class VRKPrintGenerator : public VRKBaseUnknown {
 
     // The generator's settings record, or null. The caller does not get a reference.
     virtual VRKBaseUnknown* GetProperties() { return nullptr; }
+    // Makes sure the generator has a settings record, creating one with default values when it
+    // has none yet (some generators make theirs only when the first job starts), and returns it:
+    // a host calls this before it applies saved settings.
+    virtual VRKBaseUnknown* EnsureProperties() { return GetProperties(); }
     // Asks who draws a text: the generator (support 2) or the host, as geometry (support 1).
     // The default leaves every text to the host.
     virtual void GetPrintTextManagement(VRKFont* font, const VRKUnicodeString& text,

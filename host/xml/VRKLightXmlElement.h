@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/core/VRKString.h"
+
+// The host's light XML model: an element with a name, attributes in the order they were set and
+// child elements in document order. Text content, comments and processing instructions are not
+// part of the model. An element owns its children.
+class VRKLightXmlElement {
+  public:
+    VRKLightXmlElement() = default;
+    explicit VRKLightXmlElement(VRKString name) : name_(std::move(name)) {}
+
+    const VRKString& GetName() const { return name_; }
+    void SetName(const VRKString& name) { name_ = name; }
+
+    // The value of an attribute; an absent attribute reads as the empty string.
+    VRKString GetAttribute(const VRKString& name) const;
+    bool HasAttribute(const VRKString& name) const;
+    // Sets an attribute: an existing one keeps its place, a new one goes last.
+    void SetAttribute(const VRKString& name, const VRKString& value);
+    void RemoveAttribute(const VRKString& name);
+    int GetAttributeCount() const { return static_cast<int>(attributes_.size()); }
+    // The attributes in order, as (name, value) pairs.
+    const std::vector<std::pair<VRKString, VRKString>>& GetAttributes() const {
+        return attributes_;
+    }
+
+    int GetChildCount() const { return static_cast<int>(children_.size()); }
+    // The child at a 0-based index, or null.
+    VRKLightXmlElement* GetChild(int index);
+    const VRKLightXmlElement* GetChild(int index) const;
+    VRKLightXmlElement* GetFirstChild() { return GetChild(0); }
+    const VRKLightXmlElement* GetFirstChild() const { return GetChild(0); }
+    // Appends a child and returns the element as it now sits in this one.
+    VRKLightXmlElement& AddChild(VRKLightXmlElement child);
+    void RemoveChildren() { children_.clear(); }
+
+    // Removes name, attributes and children.
+    void Clear();
+
+    // Same name, same attributes in the same order, same children.
+    friend bool operator==(const VRKLightXmlElement& a, const VRKLightXmlElement& b);
+
+  private:
+    VRKString name_;
+    std::vector<std::pair<VRKString, VRKString>> attributes_;
+    std::vector<VRKLightXmlElement> children_;
+};

@@ -1,0 +1,173 @@
+#include "properties/VRKPropertiesXmlReader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <vector>
+
+#include "host/core/VRKLocalDecimalChar.h"
+#include "properties/VRKPrintHP1055CProperties.h"
+#include "properties/VRKPrintHP4000Properties.h"
+#include "properties/VRKPrintHPGL2Properties.h"
+#include "properties/VRKPrintHPGLProperties.h"
+#include "properties/VRKPropertiesSpellings.h"
+#include "properties/VRKPropertiesXmlNode.h"
+
+namespace {
+
+using Table = std::span<const VRKPropertiesSpellings::Spelling>;
+
+// Calls the setter with the code of the attribute's value when the value is one of the spellings.
+template <typename Setter>
+void readSpelled(const VRKPropertiesXmlNode& node, const char* attribute, Table table, Setter set) {
+    int code = 0;
+    if (VRKPropertiesSpellings::Code(table, node.GetAttribute(attribute), code)) {
+        set(code);
+    }
+}
+
+template <typename Setter>
+void readYesNo(const VRKPropertiesXmlNode& node, const char* attribute, Setter set) {
+    readSpelled(node, attribute, VRKPropertiesSpellings::YesNo(), set);
+}
+
+// "%d" into a value that starts at 0: a missing or non-numeric text gives 0.
+int scanInteger(const VRKString& text) {
+    int value = 0;
+    std::sscanf(text.CastToCharPtr(), "%d", &value);
+    return value;
+}
+
+// A pen component or width: the text in the locale's decimal notation, then "%le" into a value
+// that starts at 0.
+double scanReal(const VRKString& text) {
+    double value = 0.0;
+    const VRKString local = GetStringWithLocalDecimalCharV2(text);
+    std::sscanf(local.CastToCharPtr(), "%le", &value);
+    return value;
+}
+
+bool named(const VRKPropertiesXmlNode& node, const char* expected) {
+    VRKString name;
+    return node.GetName(name) && name == VRKString(expected);
+}
+
+void readPens(VRKPropertiesXmlNode& pens, VRKPrintHPGLProperties& record) {
+    constexpr int kSlots = VRKPrintHPGLProperties::kPenSlots;
+    int count = record.GetPenCount();
+    // Copies of the record's arrays; the getters fill as many entries as the record has pens, and
+    // the rest of the 32 start at 0.
+    const auto size = static_cast<size_t>(std::max(count, kSlots));
+    std::vector<float> red(size), green(size), blue(size), width(size);
+    std::vector<int> enable(size);
+    record.GetPenColors(red.data(), green.data(), blue.data());
+    record.GetPenWidths(width.data());
+    record.GetPenEnables(enable.data());
+
+    for (std::unique_ptr<VRKPropertiesXmlNode> pen = pens.FirstChild(); pen != nullptr;
+         pen = pen->NextSibling()) {
+        if (!named(*pen, "pen")) {
+            continue;
+        }
+        // A pen without a usable number addresses pen 0.
+        const int number = scanInteger(pen->GetAttribute("number"));
+        const double r = scanReal(pen->GetAttribute("red"));
+        const double g = scanReal(pen->GetAttribute("green"));
+        const double b = scanReal(pen->GetAttribute("blue"));
+        const double w = scanReal(pen->GetAttribute("width"));
+        // Negative numbers become large as unsigned and fall out with those of 32 and more.
+        if (static_cast<unsigned>(number) >= static_cast<unsigned>(kSlots)) {
+            continue;
+        }
+        const auto at = static_cast<size_t>(number);
+        red[at] = static_cast<float>(r);
+        green[at] = static_cast<float>(g);
+        blue[at] = static_cast<float>(b);
+        width[at] = static_cast<float>(w);
+        readYesNo(*pen, "enable", [&](int code) { enable[at] = code; });
+        // The count only grows, and only past its current value: a pen numbered as the count is
+        // stored but stays outside it. Files written by earlier versions rely on exactly this.
+        if (number > count) {
+            count = number;
+        }
+    }
+    record.SetPens(count, red.data(), green.data(), blue.data(), width.data(), enable.data());
+}
+
+}  // namespace
+
+VRKResult VRKPropertiesXmlReader::ReadHPGL2(VRKPropertiesXmlNode& node,
+                                            VRKPrintHPGL2Properties& record) {
+    readSpelled(node, "mediaType", VRKPropertiesSpellings::MediaTypes(),
+                [&](int code) { record.SetMediaType(code); });
+    readYesNo(node, "cutterState", [&](int code) { record.SetCutterState(code); });
+    record.SetQuality(scanInteger(node.GetAttribute("quality")));
+    return S_OK;
+}
+
+VRKResult VRKPropertiesXmlReader::ReadHPGL(VRKPropertiesXmlNode& node,
+                                           VRKPrintHPGLProperties& record) {
+    readSpelled(node, "origin", VRKPropertiesSpellings::Origins(),
+                [&](int code) { record.SetOrigin(code); });
+    readYesNo(node, "relativeMovePen", [&](int code) { record.SetRelativeMovePen(code); });
+    readYesNo(node, "printThickness", [&](int code) { record.SetPrintThickness(code); });
+    // Only the first child counts, and only when it is the pen list.
+    if (std::unique_ptr<VRKPropertiesXmlNode> pens = node.FirstChild();
+        pens != nullptr && named(*pens, "pens")) {
+        readPens(*pens, record);
+    }
+    return S_OK;
+}
+
+VRKResult VRKPropertiesXmlReader::ReadHP1055C(VRKPropertiesXmlNode& node,
+                                              VRKPrintHP1055CProperties& record) {
+    if (!named(node, "HP1000GL2Properties")) {
+        return E_FAIL;
+    }
+    readSpelled(node, "mediaType", VRKPropertiesSpellings::MediaTypes(),
+                [&](int code) { record.SetMediaType(code); });
+    readSpelled(node, "quality", VRKPropertiesSpellings::DesignJetQualities(),
+                [&](int code) { record.SetQuality(code); });
+    readYesNo(node, "cutterState", [&](int code) { record.SetCutterState(code); });
+    readYesNo(node, "autoRotate", [&](int code) { record.SetAutoRotate(code); });
+    readYesNo(node, "inkedArea", [&](int code) { record.SetInkedArea(code); });
+    readYesNo(node, "ret", [&](int code) { record.SetRet(code); });
+
+    // Only the first child says which feeder the printer has. The feeder kind is taken even when
+    // its source is not one of the kind's spellings; the source then stays as it was.
+    std::unique_ptr<VRKPropertiesXmlNode> feeder = node.FirstChild();
+    if (feeder != nullptr) {
+        if (named(*feeder, "monoRollFeeder")) {
+            record.SetMultiRollFeeder(0);
+            readSpelled(*feeder, "mediaSource", VRKPropertiesSpellings::SingleRollSources(),
+                        [&](int code) { record.SetMediaSource(code); });
+        } else if (named(*feeder, "multiRollFeeder")) {
+            record.SetMultiRollFeeder(1);
+            readSpelled(*feeder, "mediaSource", VRKPropertiesSpellings::MultiRollSources(),
+                        [&](int code) { record.SetMediaSource(code); });
+        }
+    }
+    return S_OK;
+}
+
+VRKResult VRKPropertiesXmlReader::ReadHP4000(VRKPropertiesXmlNode& node,
+                                             VRKPrintHP4000Properties& record) {
+    if (!named(node, "HP4000GL2Properties")) {
+        return E_FAIL;
+    }
+    const auto flag = [](int code) { return static_cast<std::uint8_t>(code); };
+    readSpelled(node, "mediaType", VRKPropertiesSpellings::MediaTypes(),
+                [&](int code) { record.SetMediaType(code); });
+    readYesNo(node, "cutterState", [&](int code) { record.SetCutterState(code); });
+    readSpelled(node, "printQuality", VRKPropertiesSpellings::PrintQualities(),
+                [&](int code) { record.SetPrintQuality(code); });
+    readYesNo(node, "autoRotate", [&](int code) { record.SetAutoRotate(flag(code)); });
+    readYesNo(node, "inkedArea", [&](int code) { record.SetInkedArea(flag(code)); });
+    readYesNo(node, "ret", [&](int code) { record.SetRet(flag(code)); });
+    readSpelled(node, "resolution", VRKPropertiesSpellings::Resolutions(),
+                [&](int code) { record.SetResolution(code); });
+    readYesNo(node, "maxDetail", [&](int code) { record.SetMaxDetail(flag(code)); });
+    readSpelled(node, "mediaSource", VRKPropertiesSpellings::HP4000Sources(),
+                [&](int code) { record.SetMediaSource(code); });
+    return S_OK;
+}
