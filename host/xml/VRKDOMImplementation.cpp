@@ -230,7 +230,12 @@ std::string VRKDOMImplementation::ToText(const VRKIDOMDocumentRef& document) {
     copy.append_copy(pugiDocument->xml.document_element());
     std::ostringstream out;
     copy.save(out, "  ", pugi::format_default, pugi::encoding_utf8);
-    return std::move(out).str();
+    std::string text = std::move(out).str();
+    // A text file ends with a line end.
+    if (!text.empty() && text.back() != '\n') {
+        text += '\n';
+    }
+    return text;
 }
 
 bool VRKDOMImplementation::Write(const std::string& path, const VRKIDOMDocumentRef& document,

@@ -61,7 +61,12 @@ std::string VRKLightXmlFile::ToText(const VRKLightXmlElement& root) {
     toPugi(root, document.append_child(root.GetName().CastToCharPtr()));
     std::ostringstream out;
     document.save(out, "  ", pugi::format_default, pugi::encoding_utf8);
-    return std::move(out).str();
+    std::string text = std::move(out).str();
+    // A text file ends with a line end.
+    if (!text.empty() && text.back() != '\n') {
+        text += '\n';
+    }
+    return text;
 }
 
 bool VRKLightXmlFile::Write(const std::string& path, const VRKLightXmlElement& root,

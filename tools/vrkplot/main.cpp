@@ -1,6 +1,8 @@
 // vrkplot: plays job files into the generator of a printer language and writes the plot files.
 //
-//   vrkplot JOB... [-l LANGUAGE] [-o OUT] [--job-name NAME]
+//   vrkplot JOB... [-l LANGUAGE] [-o OUT] [--job-name NAME] [--settings FILE]
+//           [--save-settings FILE]
+//   vrkplot settings [-l LANGUAGE] [--settings FILE]
 //   vrkplot --list-languages
 //
 // Exit status 0 when every job was plotted, 2 after any error (a job, a write, the command line).
@@ -19,6 +21,9 @@
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/job/VRKJobOutput.h"
 #include "host/job/VRKJobPlayer.h"
+#include "host/xml/VRKGeneratorSettings.h"
+#include "host/xml/VRKLightXmlElement.h"
+#include "host/xml/VRKLightXmlFile.h"
 
 namespace {
 
@@ -69,7 +74,8 @@ void listLanguages() {
 
 // Plots one job file; prints the error and returns false when it cannot.
 bool plot(const std::string& job, const std::string& output, const std::string& jobName,
-          const VRKClassEntry& language) {
+          const VRKClassEntry& language, VRKLightXmlElement* settings,
+          const std::string& settingsPath) {
     const auto fail = [&job](const std::string& message) {
         std::cerr << job << ": " << message << '\n';
         return false;
@@ -86,9 +92,14 @@ bool plot(const std::string& job, const std::string& output, const std::string& 
         }
         return fail("cannot create a file generator for the language " + language.language);
     }
+    std::string error;
+    if (settings != nullptr &&
+        !VRKGeneratorSettings::Read(generator, *settings, settingsPath, error)) {
+        generator->Release();
+        return fail(error);
+    }
 
     VRKJobOutput out;
-    std::string error;
     if (!out.Open(output, error)) {
         generator->Release();
         return fail(error);
@@ -112,6 +123,38 @@ bool plot(const std::string& job, const std::string& output, const std::string& 
     return true;
 }
 
+// A generator of the language with the settings applied, or null after printing why not.
+VRKBaseUnknown* configuredGenerator(const VRKClassEntry& language, VRKLightXmlElement* settings,
+                                    const std::string& settingsPath) {
+    VRKBaseUnknown* generator = language.factory();
+    if (generator == nullptr) {
+        std::cerr << "vrkplot: cannot create a generator for the language " << language.language
+                  << '\n';
+        return nullptr;
+    }
+    std::string error;
+    if (settings != nullptr &&
+        !VRKGeneratorSettings::Read(generator, *settings, settingsPath, error)) {
+        std::cerr << "vrkplot: " << error << " (language " << language.language << ")\n";
+        generator->Release();
+        return nullptr;
+    }
+    return generator;
+}
+
+// Prints the settings of a generator as XML on standard output.
+bool printSettings(VRKBaseUnknown* generator) {
+    VRKLightXmlElement element;
+    std::string error;
+    if (!VRKGeneratorSettings::Write(generator, element, error)) {
+        std::cerr << "vrkplot: " << error << '\n';
+        return false;
+    }
+    std::cout << VRKLightXmlFile::ToText(element);
+    std::cout.flush();
+    return static_cast<bool>(std::cout);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -127,6 +170,8 @@ int main(int argc, char** argv) {
     std::string languageName = "HPGL2";
     std::string output;
     std::string jobName;
+    std::string settingsPath;
+    std::string saveSettingsPath;
     bool list = false;
     CLI::Option* jobsOption =
         app.add_option("JOB", jobs, "Job files to plot, one after another, each to its own file");
@@ -137,10 +182,28 @@ int main(int argc, char** argv) {
         "file's path with the extension .plt)");
     CLI::Option* nameOption = app.add_option(
         "--job-name", jobName, "Job name given to the generator (default: the output path)");
+    CLI::Option* settingsOption = app.add_option(
+        "--settings", settingsPath, "Settings file (XML) read into the generator before each job");
+    CLI::Option* saveOption =
+        app.add_option("--save-settings", saveSettingsPath,
+                       "Writes the generator's settings, as used for the jobs, to this file (XML)");
     app.add_flag("--list-languages", list, "List the printer languages and exit")
         ->excludes(jobsOption)
         ->excludes(outputOption)
-        ->excludes(nameOption);
+        ->excludes(nameOption)
+        ->excludes(settingsOption)
+        ->excludes(saveOption);
+
+    CLI::App* settingsCommand = app.add_subcommand(
+        "settings",
+        "Prints a language's settings as XML: its defaults, or a settings file's "
+        "values over them");
+    std::string settingsLanguage = "HPGL2";
+    std::string settingsCommandPath;
+    settingsCommand->add_option("-l,--language", settingsLanguage, "Printer language")
+        ->capture_default_str();
+    CLI::Option* settingsCommandFile = settingsCommand->add_option(
+        "--settings", settingsCommandPath, "Settings file (XML) read over the defaults");
     app.set_version_flag("--version", std::string("vrkplot ") + VRK_VERSION);
 
     try {
@@ -150,7 +213,15 @@ int main(int argc, char** argv) {
         return app.exit(e) == 0 ? 0 : kFailure;
     }
 
-    if (!list && jobs.empty()) {
+    const bool showSettings = settingsCommand->parsed();
+    if (showSettings) {
+        languageName = settingsLanguage;
+        settingsPath = settingsCommandPath;
+    }
+    const bool haveSettings =
+        showSettings ? settingsCommandFile->count() > 0 : settingsOption->count() > 0;
+    const bool saveSettings = saveOption->count() > 0;
+    if (!list && !showSettings && jobs.empty() && !saveSettings) {
         std::cerr << "vrkplot: no job file given (see --help)\n";
         return kFailure;
     }
@@ -179,12 +250,39 @@ int main(int argc, char** argv) {
         return kFailure;
     }
 
+    // The settings file is read, and tried on a generator of the language, before any job runs,
+    // so that a bad file stops everything before a plot is written.
+    VRKLightXmlElement settings;
+    VRKLightXmlElement* settingsElement = nullptr;
+    if (haveSettings) {
+        if (!VRKLightXmlFile::Read(settingsPath, settings, error)) {
+            std::cerr << "vrkplot: " << error << '\n';
+            return kFailure;
+        }
+        settingsElement = &settings;
+    }
+    VRKBaseUnknown* generator = configuredGenerator(*language, settingsElement, settingsPath);
+    if (generator == nullptr) {
+        return kFailure;
+    }
+    if (showSettings) {
+        const bool printed = printSettings(generator);
+        generator->Release();
+        return printed ? 0 : kFailure;
+    }
+
     int status = 0;
     for (const std::string& job : jobs) {
         const std::string target = outputOption->count() > 0 ? output : defaultOutput(job);
-        if (!plot(job, target, nameOption->count() > 0 ? jobName : target, *language)) {
+        if (!plot(job, target, nameOption->count() > 0 ? jobName : target, *language,
+                  settingsElement, settingsPath)) {
             status = kFailure;
         }
     }
+    if (saveSettings && !VRKGeneratorSettings::WriteFile(generator, saveSettingsPath, error)) {
+        std::cerr << "vrkplot: " << error << '\n';
+        status = kFailure;
+    }
+    generator->Release();
     return status;
 }
