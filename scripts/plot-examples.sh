@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The main job: plots every job file under examples/ with every registered printer language
-# into out/, one line per file written.
+# into out/, one line per file written; then the first drawing once more with each language's
+# example settings file (examples/settings/LANGUAGE.xml) into out/a4-drawing.LANGUAGE.settings.plt.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/build.sh >/dev/null
@@ -17,5 +18,14 @@ for job in examples/*.job; do
       status=2
     fi
   done
+done
+for settings in examples/settings/*.xml; do
+  language=$(basename "$settings" .xml)
+  target="out/a4-drawing.$language.settings.plt"
+  if build/bin/vrkplot examples/a4-drawing.job -l "$language" --settings "$settings" -o "$target"; then
+    echo "$target ($(stat -c %s "$target") bytes, settings from $settings)"
+  else
+    status=2
+  fi
 done
 exit $status

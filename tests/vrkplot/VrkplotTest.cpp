@@ -17,6 +17,7 @@
 #include "support/Printable.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
+#include "vrkplot/VrkplotFixture.h"
 
 namespace {
 
@@ -44,30 +45,6 @@ std::string reviewText(const std::string& plot) {
 const std::string kA4Frame =
     "\x1b"
     "E\x1b%0BINECQL100PS8400,11880IP0,0,8400,11880NP256TR0MC0SP0LA2,2,3,2PUSP0PG;";
-
-class Vrkplot : public ::testing::Test {
-  protected:
-    TempFolder folder{"vrkplot"};  // the working folder: jobs and plots
-    TempFolder io{"vrkplot-io"};   // the program's standard output and error
-    std::string out;
-    std::string err;
-
-    // Runs vrkplot in the working folder and returns its exit status.
-    int Run(std::vector<std::string> args, const std::vector<std::string>& env = {},
-            const std::string& stdoutPath = "") {
-        args.insert(args.begin(), VRKPLOT_PATH);
-        const std::string outPath = stdoutPath.empty() ? io.File("stdout") : stdoutPath;
-        const int status = RunProgram(args, folder.Path(), outPath, io.File("stderr"), env);
-        out = stdoutPath.empty() ? ReadFileBytes(outPath) : std::string();
-        err = ReadFileBytes(io.File("stderr"));
-        return status;
-    }
-
-    std::string Job(const std::string& name, const std::string& text) {
-        folder.Write(name, text);
-        return name;
-    }
-};
 
 TEST_F(Vrkplot, A4Frame) {
     Job("a4.job", "Begin width=210 height=297 orientation=1\nEnd\n");
