@@ -570,6 +570,20 @@ TEST(PropertyMarshal, SavedBufferLoadsBackIntoTheSameRecord) {
     back->Release();
 }
 
+TEST(PropertyMarshal, RecordOfAnotherClassIsNotReadInto) {
+    ScopedMarshalBuffer buffer;
+    buffer.Set(MarshalBytes().Int(0).Int(4).Int(0).Int(1).End().Bytes());
+    Ref<VRKPrintHPGL2Properties> wrong;
+    auto marshaller = marshallerOf("VRKPrintHPGLProperties");
+    EXPECT_EQ(marshaller->Unmarshal(buffer.Id(), wrong.get(), kVRKCreateAggregate), nullptr);
+    EXPECT_EQ(wrong->GetRefCount(), 1u);
+    const auto errors = VRKGetUnmarshalErrors();
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0].context, "record");
+    EXPECT_EQ(errors[0].message, "Record of another class");
+    EXPECT_EQ(errors[0].name, "VRKPrintHPGL2Properties");
+}
+
 TEST(PropertyMarshal, DesignJet4000HasNoMarshaller) {
     ScopedMarshalBuffer buffer;
     Ref<VRKPrintHP4000Properties> record;
