@@ -30,6 +30,8 @@ class VRKPrintHP1055CProperties : public VRKPrintHPGL2Properties {
     int GetRet() const { return ret; }
     void SetRet(int value) { ret = value; }
     float GetScale() const { return scale; }
+    // For the unmarshaller, which restores the value the stream carries.
+    void SetScale(float value) { scale = value; }
 
   protected:
     int mediaType = -1;

@@ -7,6 +7,9 @@
 // moves and whether the plotter renders pen widths itself. Slot 0 stands for "no pen".
 class VRKPrintHPGLProperties : public VRKBaseUnknown {
     VRK_DECLARE_CLASS(VRKPrintHPGLProperties)
+    // The marshaller reads a stream straight into the 32-slot arrays, past the pen count the
+    // record has at the time, as the bulk accessors cannot.
+    friend class VRKMarshalHPGLProperties;
 
   public:
     // Room in every pen array.
