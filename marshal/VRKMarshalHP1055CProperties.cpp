@@ -13,6 +13,7 @@
 #include "host/core/VRKSmartRef.h"
 #include "host/core/VRKTIEMarshallableCorba.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHP1055CProperties.h"
 
 VRK_DEFINE_CLASS(VRKMarshalHP1055CProperties, VRKDataExtension, "VRKPrintHP1055CProperties",
@@ -140,28 +141,14 @@ VRKBaseUnknown* VRKMarshalHP1055CProperties::Unmarshal(int bufferId, VRKBaseUnkn
                                                        int creationFlag) {
     currentBufferId = bufferId;
     currentIdent = 0;
-    int newIdent = 0;
-    if (VRKBaseUnknown* rebuilt =
-            VRKCreateBegin(bufferId, creationFlag, given, kRecordClass, &newIdent)) {
-        return rebuilt;
+    const VRKUnmarshalStart<VRKPrintHP1055CProperties> start(bufferId, given, creationFlag,
+                                                             kRecordClass, currentIdent);
+    if (start.rebuilt != nullptr) {
+        return start.rebuilt;
     }
-    currentIdent = newIdent;
-
-    VRKPrintHP1055CProperties* record = nullptr;
-    if (given == nullptr) {
-        try {
-            record = new VRKPrintHP1055CProperties;
-        } catch (...) {
-            return nullptr;
-        }
-        CreateUnmarshalIdent(newIdent, record);
-    } else {
-        record = dynamic_cast<VRKPrintHP1055CProperties*>(given);
-        if (record == nullptr) {
-            VRKSysMshLogUnmarshalError("record", kRecordClass, bufferId, "Record of another class",
-                                       given->IsA());
-            return nullptr;
-        }
+    VRKPrintHP1055CProperties* record = start.record;
+    if (record == nullptr) {
+        return nullptr;
     }
 
     char* baseName = nullptr;

@@ -13,6 +13,7 @@
 #include "host/core/VRKSerialize.h"
 #include "host/core/VRKTIEMarshallableCorba.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHPGLProperties.h"
 
@@ -159,28 +160,14 @@ VRKBaseUnknown* VRKMarshalHPGL2Properties::Unmarshal(int bufferId, VRKBaseUnknow
                                                      int creationFlag) {
     currentBufferId = bufferId;
     currentIdent = 0;
-    int newIdent = 0;
-    if (VRKBaseUnknown* rebuilt =
-            VRKCreateBegin(bufferId, creationFlag, given, kRecordClass, &newIdent)) {
-        return rebuilt;
+    const VRKUnmarshalStart<VRKPrintHPGL2Properties> start(bufferId, given, creationFlag,
+                                                           kRecordClass, currentIdent);
+    if (start.rebuilt != nullptr) {
+        return start.rebuilt;
     }
-    currentIdent = newIdent;
-
-    VRKPrintHPGL2Properties* record = nullptr;
-    if (given == nullptr) {
-        try {
-            record = new VRKPrintHPGL2Properties;
-        } catch (...) {
-            return nullptr;
-        }
-        CreateUnmarshalIdent(newIdent, record);
-    } else {
-        record = dynamic_cast<VRKPrintHPGL2Properties*>(given);
-        if (record == nullptr) {
-            VRKSysMshLogUnmarshalError("record", kRecordClass, bufferId, "Record of another class",
-                                       given->IsA());
-            return nullptr;
-        }
+    VRKPrintHPGL2Properties* record = start.record;
+    if (record == nullptr) {
+        return nullptr;
     }
 
     int mediaType = record->GetMediaType();

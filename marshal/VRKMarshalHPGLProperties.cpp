@@ -9,6 +9,7 @@
 #include "host/core/VRKMarshalBuffer.h"
 #include "host/core/VRKTIEMarshallableCorba.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHPGLProperties.h"
 
 VRK_DEFINE_CLASS(VRKMarshalHPGLProperties, VRKDataExtension, "VRKPrintHPGLProperties", "Print")
@@ -80,28 +81,14 @@ VRKBaseUnknown* VRKMarshalHPGLProperties::Unmarshal(int bufferId, VRKBaseUnknown
                                                     int creationFlag) {
     currentBufferId = bufferId;
     currentIdent = 0;
-    int newIdent = 0;
-    if (VRKBaseUnknown* rebuilt =
-            VRKCreateBegin(bufferId, creationFlag, given, kRecordClass, &newIdent)) {
-        return rebuilt;
+    const VRKUnmarshalStart<VRKPrintHPGLProperties> start(bufferId, given, creationFlag,
+                                                          kRecordClass, currentIdent);
+    if (start.rebuilt != nullptr) {
+        return start.rebuilt;
     }
-    currentIdent = newIdent;
-
-    VRKPrintHPGLProperties* record = nullptr;
-    if (given == nullptr) {
-        try {
-            record = new VRKPrintHPGLProperties;
-        } catch (...) {
-            return nullptr;
-        }
-        CreateUnmarshalIdent(newIdent, record);
-    } else {
-        record = dynamic_cast<VRKPrintHPGLProperties*>(given);
-        if (record == nullptr) {
-            VRKSysMshLogUnmarshalError("record", kRecordClass, bufferId, "Record of another class",
-                                       given->IsA());
-            return nullptr;
-        }
+    VRKPrintHPGLProperties* record = start.record;
+    if (record == nullptr) {
+        return nullptr;
     }
 
     // The arrays have 32 slots and are never reallocated, so a stream that counts more pens (or
