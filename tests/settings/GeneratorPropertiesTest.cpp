@@ -399,6 +399,40 @@ TEST(GeneratorProperties, HPGL2FormReadInHPGLModeStaysInHPGLMode) {
     EXPECT_EQ(Dump(out), kDefaultHPGL);
 }
 
+TEST(GeneratorProperties, HPGLFormFailsWithoutTheGeneratorsHPGLSettings) {
+    HPGL2Peer peer;
+    VRKPrintHPGLProperties* saved = peer.hpglSettings;
+    auto settings = VRKQueryInterface<VRKIPrtGeneratorProperties>(&peer);
+    ASSERT_TRUE(settings);
+    peer.hpglSettings = nullptr;
+
+    // The HP-GL/2 form does not need them.
+    VRKLightXmlElement hpgl2 = Light("<HPGL2Properties quality=\"7\"/>");
+    EXPECT_EQ(settings->ReadFromXml(hpgl2), S_OK);
+    EXPECT_EQ(peer.Record().GetQuality(), 7);
+
+    VRKLightXmlElement in = Light("<HPGLProperties origin=\"Center\"/>");
+    EXPECT_EQ(settings->ReadFromXml(in), E_FAIL);
+    EXPECT_EQ(peer.Record().GetType(), 0);
+    std::string error;
+    VRKIDOMDocumentRef document =
+        VRKDOMImplementation::Parse("<S Type=\"HPGL\" origin=\"Center\"/>", error);
+    EXPECT_EQ(settings->ReadFromDOM(RootOf(document)), E_FAIL);
+    EXPECT_EQ(peer.Record().GetType(), 0);
+
+    peer.Record().SetType(1);
+    VRKLightXmlElement out("Untouched");
+    EXPECT_EQ(settings->WriteToXml(out), E_FAIL);
+    EXPECT_EQ(Dump(out), "<Untouched/>");
+    EXPECT_EQ(settings->WriteToDOM(RootOf(document)), E_FAIL);
+    EXPECT_EQ(Dump(LightOfDOM(document)), "<S Type=\"HPGL\" origin=\"Center\"/>");
+
+    peer.hpglSettings = saved;
+    EXPECT_EQ(saved->GetOrigin(), 1);
+    settings.reset();
+    EXPECT_EQ(peer.GetRefCount(), 1u);
+}
+
 TEST(GeneratorProperties, ReadTakesEffectOnTheNextJob) {
     GeneratorRun<VRKPrintHPGL2Generator> run(&fctCreateVRKPrintHPGL2Generator);
     auto settings = VRKQueryInterface<VRKIPrtGeneratorProperties>(run.object);
