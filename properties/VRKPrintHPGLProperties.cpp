@@ -63,6 +63,15 @@ void VRKPrintHPGLProperties::GetPenEnables(int* enableOut) const {
     std::copy_n(enable, penCount, enableOut);
 }
 
+void VRKPrintHPGLProperties::GetPenSlots(float* redOut, float* greenOut, float* blueOut,
+                                         float* widthOut, int* enableOut) const {
+    std::copy_n(red, kPenSlots, redOut);
+    std::copy_n(green, kPenSlots, greenOut);
+    std::copy_n(blue, kPenSlots, blueOut);
+    std::copy_n(width, kPenSlots, widthOut);
+    std::copy_n(enable, kPenSlots, enableOut);
+}
+
 void VRKPrintHPGLProperties::SetPens(int count, const float* redIn, const float* greenIn,
                                      const float* blueIn, const float* widthIn,
                                      const int* enableIn) {

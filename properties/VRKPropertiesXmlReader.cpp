@@ -55,14 +55,12 @@ bool named(const VRKPropertiesXmlNode& node, const char* expected) {
 void readPens(VRKPropertiesXmlNode& pens, VRKPrintHPGLProperties& record) {
     constexpr int kSlots = VRKPrintHPGLProperties::kPenSlots;
     int count = record.GetPenCount();
-    // Copies of the record's arrays; the getters fill as many entries as the record has pens, and
-    // the rest of the 32 start at 0.
+    // Copies of all 32 slots of the record's arrays: pens past the current count that the file
+    // brings into the count without naming them keep the record's values.
     const auto size = static_cast<size_t>(std::max(count, kSlots));
     std::vector<float> red(size), green(size), blue(size), width(size);
     std::vector<int> enable(size);
-    record.GetPenColors(red.data(), green.data(), blue.data());
-    record.GetPenWidths(width.data());
-    record.GetPenEnables(enable.data());
+    record.GetPenSlots(red.data(), green.data(), blue.data(), width.data(), enable.data());
 
     for (std::unique_ptr<VRKPropertiesXmlNode> pen = pens.FirstChild(); pen != nullptr;
          pen = pen->NextSibling()) {
