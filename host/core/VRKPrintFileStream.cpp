@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 
 VRKPrintFileStream::~VRKPrintFileStream() {
     Close();
@@ -27,6 +28,9 @@ bool VRKPrintFileStream::Close() {
     }
     Flush();
     if (ownsFd_ && ::close(fd_) != 0) {
+        if (errorNumber_ == 0) {
+            errorNumber_ = errno;
+        }
         SetFailed();
     }
     fd_ = -1;
@@ -44,10 +48,17 @@ bool VRKPrintFileStream::Sink(const char* data, std::size_t size) {
             if (errno == EINTR) {
                 continue;
             }
+            if (errorNumber_ == 0) {
+                errorNumber_ = errno;
+            }
             return false;
         }
         data += n;
         size -= static_cast<std::size_t>(n);
     }
     return true;
+}
+
+std::string VRKPrintFileStream::GetErrorText() const {
+    return errorNumber_ != 0 ? std::string(std::strerror(errorNumber_)) : "unknown error";
 }

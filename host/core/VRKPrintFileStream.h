@@ -17,6 +17,10 @@ class VRKPrintFileStream final : public VRKPrintStream {
     // Writes what is buffered and closes the file; false when any write or the close failed.
     bool Close();
     bool IsOpen() const { return fd_ >= 0; }
+    // The errno of the first write or close that failed, 0 while none has.
+    int GetErrorNumber() const { return errorNumber_; }
+    // Its text ("No space left on device"), or "unknown error" when the stream failed without one.
+    std::string GetErrorText() const;
 
   protected:
     bool Sink(const char* data, std::size_t size) override;
@@ -24,4 +28,5 @@ class VRKPrintFileStream final : public VRKPrintStream {
   private:
     int fd_ = -1;
     bool ownsFd_ = false;
+    int errorNumber_ = 0;
 };

@@ -73,7 +73,7 @@ bool VRKJobOutput::Commit(std::string& error) {
     }
     if (!stream_->Close()) {
         error = "cannot write the plot for " + describe(path_) + ": writing the temporary file '" +
-                temporary_ + "' failed";
+                temporary_ + "' failed: " + stream_->GetErrorText();
         Discard();
         return false;
     }
@@ -122,7 +122,7 @@ bool VRKJobOutput::CopyToStandardOutput(std::string& error) {
         return false;
     }
     if (!written) {
-        error = "cannot write the plot to standard output";
+        error = "cannot write the plot to standard output: " + out.GetErrorText();
         return false;
     }
     return true;

@@ -110,7 +110,7 @@ TEST_F(Vrkplot, NothingReachesStandardOutputOnError) {
 TEST_F(Vrkplot, WriteFailureOnAFullDevice) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "-"}, {}, "/dev/full"), 2);
-    EXPECT_EQ(err, "a4.job: cannot write the plot to standard output\n");
+    EXPECT_EQ(err, "a4.job: cannot write the plot to standard output: No space left on device\n");
     EXPECT_EQ(folder.Listing(), "a4.job\n");
 }
 
