@@ -27,39 +27,26 @@ VRKBaseUnknown* fctCreateVRKPrintHP1055CGenerator() {
 
 VRKPrintHP1055CGenerator::VRKPrintHP1055CGenerator() : VRKPrintDesignJetGenerator("HP1000GL2") {}
 
-VRKPrintHP1055CGenerator::~VRKPrintHP1055CGenerator() {
-    if (designJetProperties != nullptr) {
-        designJetProperties->Release();
-        designJetProperties = nullptr;
-    }
-}
+// The record goes with the generator; its class is complete only here.
+VRKPrintHP1055CGenerator::~VRKPrintHP1055CGenerator() = default;
 
 VRKBaseUnknown* VRKPrintHP1055CGenerator::GetProperties() {
-    return designJetProperties;
+    return designJetProperties.Get();
 }
 
 VRKBaseUnknown* VRKPrintHP1055CGenerator::EnsureProperties() {
-    if (designJetProperties == nullptr) {
-        designJetProperties = new (std::nothrow) VRKPrintHP1055CProperties;
-    }
-    return designJetProperties;
+    return designJetProperties.Ensure();
 }
 
 void VRKPrintHP1055CGenerator::SetHP1055CProperties(VRKPrintHP1055CProperties* record) {
-    if (record != nullptr) {
-        record->AddRef();
-    }
-    if (designJetProperties != nullptr) {
-        designJetProperties->Release();
-    }
-    designJetProperties = record;
+    designJetProperties.Set(record);
 }
 
 void VRKPrintHP1055CGenerator::DrvBegin(const VRKPrintParameters& params) {
     if (EnsureProperties() == nullptr) {
         return;
     }
-    const VRKPrintHP1055CProperties& record = *designJetProperties;
+    const VRKPrintHP1055CProperties& record = *designJetProperties.Get();
     std::string printArea;
     std::string mediaSource;
     if (record.GetMultiRollFeeder() != 0) {

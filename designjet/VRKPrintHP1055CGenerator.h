@@ -1,5 +1,6 @@
 #pragma once
 
+#include "designjet/VRKDesignJetRecord.h"
 #include "designjet/VRKPrintDesignJetGenerator.h"
 
 class VRKPrintHP1055CProperties;
@@ -17,7 +18,7 @@ class VRKPrintHP1055CGenerator final : public VRKPrintDesignJetGenerator {
     VRKBaseUnknown* GetProperties() override;
     // Creates the record with its defaults when there is none yet.
     VRKBaseUnknown* EnsureProperties() override;
-    VRKPrintHP1055CProperties* GetHP1055CProperties() const { return designJetProperties; }
+    VRKPrintHP1055CProperties* GetHP1055CProperties() const { return designJetProperties.Get(); }
     // Takes a reference to the record (null drops the current one).
     void SetHP1055CProperties(VRKPrintHP1055CProperties* record);
 
@@ -26,7 +27,7 @@ class VRKPrintHP1055CGenerator final : public VRKPrintDesignJetGenerator {
     void DrvEnd() override;
 
   private:
-    VRKPrintHP1055CProperties* designJetProperties = nullptr;
+    VRKDesignJetRecord<VRKPrintHP1055CProperties> designJetProperties;
 };
 
 // Creates a DesignJet 1000 generator, or returns null.

@@ -60,39 +60,26 @@ VRKBaseUnknown* fctCreateVRKPrintHP4000Generator() {
 
 VRKPrintHP4000Generator::VRKPrintHP4000Generator() : VRKPrintDesignJetGenerator("HP4000GL2") {}
 
-VRKPrintHP4000Generator::~VRKPrintHP4000Generator() {
-    if (designJetProperties != nullptr) {
-        designJetProperties->Release();
-        designJetProperties = nullptr;
-    }
-}
+// The record goes with the generator; its class is complete only here.
+VRKPrintHP4000Generator::~VRKPrintHP4000Generator() = default;
 
 VRKBaseUnknown* VRKPrintHP4000Generator::GetProperties() {
-    return designJetProperties;
+    return designJetProperties.Get();
 }
 
 VRKBaseUnknown* VRKPrintHP4000Generator::EnsureProperties() {
-    if (designJetProperties == nullptr) {
-        designJetProperties = new (std::nothrow) VRKPrintHP4000Properties;
-    }
-    return designJetProperties;
+    return designJetProperties.Ensure();
 }
 
 void VRKPrintHP4000Generator::SetHP4000Properties(VRKPrintHP4000Properties* record) {
-    if (record != nullptr) {
-        record->AddRef();
-    }
-    if (designJetProperties != nullptr) {
-        designJetProperties->Release();
-    }
-    designJetProperties = record;
+    designJetProperties.Set(record);
 }
 
 void VRKPrintHP4000Generator::DrvBegin(const VRKPrintParameters& params) {
     if (EnsureProperties() == nullptr) {
         return;
     }
-    VRKPrintHP4000Properties& record = *designJetProperties;
+    VRKPrintHP4000Properties& record = *designJetProperties.Get();
     // Media source 1 is the roll on this model, 0 manual feed: the reverse of the 1000 series.
     const char* mediaSource = record.GetMediaSource() != 0 ? "ROLL1" : "MANUALFEED";
     const char* printArea = record.GetInkedArea() == 1 ? "INKEDAREA" : "FULLSIZE";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "designjet/VRKDesignJetRecord.h"
 #include "designjet/VRKPrintDesignJetGenerator.h"
 
 class VRKPrintHP4000Properties;
@@ -18,7 +19,7 @@ class VRKPrintHP4000Generator final : public VRKPrintDesignJetGenerator {
     VRKBaseUnknown* GetProperties() override;
     // Creates the record with its defaults when there is none yet.
     VRKBaseUnknown* EnsureProperties() override;
-    VRKPrintHP4000Properties* GetHP4000Properties() const { return designJetProperties; }
+    VRKPrintHP4000Properties* GetHP4000Properties() const { return designJetProperties.Get(); }
     // Takes a reference to the record (null drops the current one).
     void SetHP4000Properties(VRKPrintHP4000Properties* record);
 
@@ -27,7 +28,7 @@ class VRKPrintHP4000Generator final : public VRKPrintDesignJetGenerator {
     void DrvEnd() override;
 
   private:
-    VRKPrintHP4000Properties* designJetProperties = nullptr;
+    VRKDesignJetRecord<VRKPrintHP4000Properties> designJetProperties;
 };
 
 // Creates a DesignJet 4000 generator, or returns null.
