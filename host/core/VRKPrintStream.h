@@ -52,6 +52,14 @@ class VRKPrintStream {
         cursor_ = std::to_chars(cursor_, end_, value).ptr;
     }
     void WriteFloat(double value);
+    // Room for up to `size` bytes written in place: returns where to write them, and Advance()
+    // then takes the end of what was written. For formatters that write straight into the
+    // buffer; `size` must not exceed the buffer (64 bytes always fit).
+    char* Claim(std::size_t size) {
+        Reserve(size);
+        return cursor_;
+    }
+    void Advance(char* end) { cursor_ = end; }
     // "\n", then a flush, as an end-of-line manipulator does.
     void EndLine() {
         Put('\n');
