@@ -1,11 +1,15 @@
 #include "host/job/VRKJobPlayer.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstring>
-#include <fstream>
+#include <istream>
 
 #include "host/core/VRKPixelImage.h"
 #include "host/core/VRKPrintGenerator.h"
@@ -59,6 +63,64 @@ const VRKJobPlayer::Verb VRKJobPlayer::kVerbs[] = {
 
 VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator) {}
 
+class VRKJobPlayer::FileSource final : public Source {
+  public:
+    explicit FileSource(int fd) : fd_(fd) {}
+    ~FileSource() override { ::close(fd_); }
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
+
+    // A read error ends the input like the end of the file: the job then lacks its End, or the
+    // rest of a line, and says so.
+    std::size_t Read(char* data, std::size_t size) override {
+        for (;;) {
+            const ssize_t n = ::read(fd_, data, size);
+            if (n >= 0) {
+                return static_cast<std::size_t>(n);
+            }
+            if (errno != EINTR) {
+                return 0;
+            }
+        }
+    }
+
+  private:
+    int fd_;
+};
+
+class VRKJobPlayer::StreamSource final : public Source {
+  public:
+    explicit StreamSource(std::istream& in) : buffer_(in.rdbuf()) {}
+    // What the stream holds at hand, and only that: a stream that produces its text as it is
+    // asked for (a pipe, a generator of lines) is not made to produce a whole block before the
+    // first line is played. When nothing is at hand, one byte makes the stream fetch more.
+    std::size_t Read(char* data, std::size_t size) override {
+        using Traits = std::char_traits<char>;
+        if (buffer_ == nullptr || size == 0) {
+            return 0;
+        }
+        std::size_t got = 0;
+        if (buffer_->in_avail() <= 0) {
+            const Traits::int_type c = buffer_->sbumpc();
+            if (Traits::eq_int_type(c, Traits::eof())) {
+                return 0;
+            }
+            data[got++] = Traits::to_char_type(c);
+        }
+        const std::streamsize atHand = buffer_->in_avail();
+        if (atHand > 0 && got < size) {
+            const auto want = std::min(static_cast<std::size_t>(atHand), size - got);
+            const std::streamsize n =
+                buffer_->sgetn(data + got, static_cast<std::streamsize>(want));
+            got += n > 0 ? static_cast<std::size_t>(n) : 0;
+        }
+        return got;
+    }
+
+  private:
+    std::streambuf* buffer_;
+};
+
 bool VRKJobPlayer::PlayFile(const std::string& path) {
     error_ = VRKJobError{path, 0, {}};
     struct stat info {};
@@ -70,26 +132,37 @@ bool VRKJobPlayer::PlayFile(const std::string& path) {
         error_.message = "cannot open the job file: it is a folder";
         return false;
     }
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
         error_.message = std::string("cannot open the job file: ") + std::strerror(errno);
         return false;
     }
-    return Play(in, path, folderOf(path));
+    // The file is read once from start to end: the kernel may read ahead and drop what was read.
+    ::posix_fadvise(fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    FileSource source(fd);
+    return PlaySource(source, path, folderOf(path));
 }
 
 bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
                         const std::string& baseFolder) {
+    StreamSource source(in);
+    return PlaySource(source, fileName, baseFolder);
+}
+
+bool VRKJobPlayer::PlaySource(Source& source, const std::string& fileName,
+                              const std::string& baseFolder) {
     error_ = VRKJobError{fileName, 0, {}};
     baseFolder_ = baseFolder;
     state_ = State::kBeforeBegin;
     beginLine_ = endLine_ = 0;
     params_ = VRKPrintParameters();
     line_ = 0;
+    begin_ = end_ = scanned_ = 0;
+    atEnd_ = false;
 
-    std::string line;
+    std::string_view line;
     for (;;) {
-        const LineRead read = ReadLine(in, line);
+        const LineRead read = NextLine(source, line);
         if (read == LineRead::kEnd) {
             break;
         }
@@ -101,7 +174,7 @@ bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
             return Fail("the line is longer than " + std::to_string(maxLineLength_) + " bytes");
         }
         if (!line.empty() && line.back() == '\r') {
-            line.pop_back();
+            line.remove_suffix(1);
         }
         if (!PlayLine(line, line_)) {
             return false;
@@ -121,30 +194,50 @@ bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
     return true;
 }
 
-// A line is read byte by byte from the stream's buffer rather than with std::getline, so that a
-// file without line ends (a device, a damaged file) stops at the length limit instead of filling
-// memory.
-VRKJobPlayer::LineRead VRKJobPlayer::ReadLine(std::istream& in, std::string& line) const {
-    using Traits = std::char_traits<char>;
-    line.clear();
-    std::streambuf* buffer = in.rdbuf();
-    if (buffer == nullptr) {
-        return LineRead::kEnd;
-    }
-    bool any = false;
+// Lines are cut out of a buffer filled a block at a time, and the buffer grows only while a line
+// does not fit: a file without line ends (a device, a damaged file) stops at the length limit
+// instead of filling memory.
+VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& line) {
+    constexpr std::size_t kBlock = std::size_t{1} << 18;
     for (;;) {
-        const Traits::int_type c = buffer->sbumpc();
-        if (Traits::eq_int_type(c, Traits::eof())) {
-            return any ? LineRead::kLine : LineRead::kEnd;
+        const char* const data = buffer_.data();
+        const void* lf =
+            scanned_ < end_ ? std::memchr(data + scanned_, '\n', end_ - scanned_) : nullptr;
+        if (lf != nullptr) {
+            const auto at = static_cast<std::size_t>(static_cast<const char*>(lf) - data);
+            line = std::string_view(data + begin_, at - begin_);
+            begin_ = scanned_ = at + 1;
+            return line.size() > maxLineLength_ ? LineRead::kTooLong : LineRead::kLine;
         }
-        any = true;
-        if (c == '\n') {
-            return LineRead::kLine;
-        }
-        if (line.size() >= maxLineLength_) {
+        scanned_ = end_;
+        if (end_ - begin_ > maxLineLength_) {
             return LineRead::kTooLong;
         }
-        line.push_back(Traits::to_char_type(c));
+        if (atEnd_) {
+            if (begin_ == end_) {
+                return LineRead::kEnd;
+            }
+            // The last line, without a line end.
+            line = std::string_view(data + begin_, end_ - begin_);
+            begin_ = scanned_ = end_;
+            return LineRead::kLine;
+        }
+        // Room for a block behind the unplayed bytes: move them to the front, and grow the
+        // buffer when they fill most of it.
+        const std::size_t pending = end_ - begin_;
+        if (begin_ > 0) {
+            std::memmove(buffer_.data(), buffer_.data() + begin_, pending);
+            begin_ = 0;
+            end_ = scanned_ = pending;
+        }
+        if (buffer_.size() - end_ < kBlock / 2) {
+            buffer_.resize(std::max(buffer_.size() * 2, kBlock));
+        }
+        const std::size_t got = source.Read(buffer_.data() + end_, buffer_.size() - end_);
+        if (got == 0) {
+            atEnd_ = true;
+        }
+        end_ += got;
     }
 }
 
@@ -155,9 +248,20 @@ bool VRKJobPlayer::Fail(std::string message) {
 }
 
 const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
-    for (const Verb& verb : kVerbs) {
-        if (name == verb.name) {
-            return &verb;
+    // Jobs repeat a verb line after line: the verb of the previous line is tried first.
+    static const auto names = [] {
+        std::array<std::string_view, std::size(kVerbs)> views{};
+        for (std::size_t i = 0; i < views.size(); ++i) {
+            views[i] = kVerbs[i].name;
+        }
+        return views;
+    }();
+    if (verb_ != nullptr && names[static_cast<std::size_t>(verb_ - kVerbs)] == name) {
+        return verb_;
+    }
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i] == name) {
+            return &kVerbs[i];
         }
     }
     return nullptr;
