@@ -1,11 +1,69 @@
 #include "host/core/VRKPrintStream.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace {
+
 constexpr std::size_t kSmallestBuffer = 64;
+
+__extension__ typedef unsigned __int128 Wide;
+
+constexpr std::uint64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+
+// Fixed notation with `decimals` digits (0 to 6) of a finite value below 2^53 in magnitude,
+// rounded as std::to_chars rounds it: from the exact binary value, ties to even. The value is
+// m * 2^-shift exactly, so value * 10^decimals is m * 10^decimals / 2^shift, whose quotient and
+// remainder are exact in 128 bits. Writes at most 32 bytes; returns null for the values it does
+// not take (then the general formatter runs).
+char* formatFixed(char* out, double value, int decimals) {
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const bool negative = (bits >> 63) != 0;
+    const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+    std::uint64_t mantissa = bits & ((std::uint64_t{1} << 52) - 1);
+    if (biased == 0x7FF || biased >= 1075) {
+        return nullptr;  // infinite, not a number, or 2^53 and above
+    }
+    int shift = 1074;  // subnormal: mantissa * 2^-1074
+    if (biased != 0) {
+        mantissa |= std::uint64_t{1} << 52;
+        shift = 1075 - biased;
+    }
+    const std::uint64_t scale = kPowersOfTen[decimals];
+    std::uint64_t q = 0;
+    if (shift < 100) {
+        const Wide n = static_cast<Wide>(mantissa) * scale;
+        const Wide quotient = n >> shift;
+        if ((quotient >> 64) != 0) {
+            return nullptr;
+        }
+        q = static_cast<std::uint64_t>(quotient);
+        const Wide remainder = n - (quotient << shift);
+        const Wide half = static_cast<Wide>(1) << (shift - 1);
+        if (remainder > half || (remainder == half && (q & 1) != 0)) {
+            ++q;
+        }
+    }
+    // Otherwise value * 10^decimals < 2^73 / 2^100: below one half, so it rounds to zero.
+    if (negative) {
+        *out++ = '-';
+    }
+    out = std::to_chars(out, out + 24, q / scale).ptr;
+    if (decimals > 0) {
+        *out++ = '.';
+        std::uint64_t fraction = q % scale;
+        for (int i = decimals - 1; i >= 0; --i) {
+            out[i] = static_cast<char>('0' + fraction % 10);
+            fraction /= 10;
+        }
+        out += decimals;
+    }
+    return out;
 }
+
+}  // namespace
 
 VRKPrintStream::VRKPrintStream(std::size_t bufferSize)
     : buffer_(std::max(bufferSize, kSmallestBuffer)),
@@ -42,6 +100,14 @@ void VRKPrintStream::WriteSlow(const char* data, std::size_t size) {
 }
 
 void VRKPrintStream::WriteFloat(double value) {
+    if (fixed_ && precision_ >= 0 && precision_ <= 6) {
+        char* const start = Claim(32);
+        char* const end = formatFixed(start, value, precision_);
+        if (end != nullptr) {
+            Advance(end);
+            return;
+        }
+    }
     // Fixed notation of a large value needs its integer digits plus the decimals.
     char text[400];
     std::to_chars_result r{};
