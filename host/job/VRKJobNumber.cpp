@@ -38,76 +38,6 @@ bool isInteger(std::string_view text) {
     return true;
 }
 
-// Powers of ten a double holds exactly.
-constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
-// The common case read in one pass: an optional sign, at most 19 digits around an optional
-// point, an optional exponent of at most four digits, and a value whose digits and power of ten
-// are both exact in a double. One multiplication or division of two exact doubles is then
-// correctly rounded, so the result is the one std::from_chars gives. False for anything else,
-// which the careful path reads.
-bool parseShortDecimal(std::string_view text, double& value) {
-    const char* p = text.data();
-    const char* const end = p + text.size();
-    bool negative = false;
-    if (p != end && (*p == '+' || *p == '-')) {
-        negative = *p == '-';
-        ++p;
-    }
-    std::uint64_t digits = 0;
-    int count = 0;
-    int decimals = 0;
-    while (p != end && isDigit(*p)) {
-        digits = digits * 10 + static_cast<unsigned>(*p - '0');
-        ++count;
-        ++p;
-    }
-    if (p != end && *p == '.') {
-        ++p;
-        const char* const first = p;
-        while (p != end && isDigit(*p)) {
-            digits = digits * 10 + static_cast<unsigned>(*p - '0');
-            ++p;
-        }
-        decimals = static_cast<int>(p - first);
-        count += decimals;
-    }
-    if (count == 0 || count > 19) {
-        return false;
-    }
-    int exponent = 0;
-    if (p != end && (*p == 'e' || *p == 'E')) {
-        ++p;
-        bool negativeExponent = false;
-        if (p != end && (*p == '+' || *p == '-')) {
-            negativeExponent = *p == '-';
-            ++p;
-        }
-        const char* const first = p;
-        while (p != end && isDigit(*p) && p - first < 4) {
-            exponent = exponent * 10 + (*p - '0');
-            ++p;
-        }
-        if (p == first) {
-            return false;
-        }
-        exponent = negativeExponent ? -exponent : exponent;
-    }
-    if (p != end || digits > (std::uint64_t{1} << 53)) {
-        return false;
-    }
-    const int power = exponent - decimals;
-    if (power < -22 || power > 22) {
-        return false;
-    }
-    double v = static_cast<double>(digits);
-    v = power < 0 ? v / kExactPowers[-power] : v * kExactPowers[power];
-    value = negative ? -v : v;
-    return true;
-}
-
 }  // namespace
 
 bool IsDecimal(std::string_view text) {
@@ -149,7 +79,8 @@ bool IsDecimal(std::string_view text) {
 }
 
 Status ParseDouble(std::string_view text, double& value) {
-    if (parseShortDecimal(text, value)) {
+    const char* const textEnd = text.data() + text.size();
+    if (ScanCommonDecimal(text.data(), textEnd, value) == textEnd) {
         return Status::kOk;
     }
     if (!IsDecimal(text)) {
@@ -183,20 +114,9 @@ Status ParseFloat(std::string_view text, float& value) {
 }
 
 Status ParseInt(std::string_view text, int& value) {
-    // The common case: a sign and up to nine digits always fit.
-    if (!text.empty() && text.size() <= 10) {
-        std::size_t i = text[0] == '+' || text[0] == '-' ? 1 : 0;
-        if (i < text.size() && text.size() - i <= 9) {
-            int parsed = 0;
-            while (i < text.size() && isDigit(text[i])) {
-                parsed = parsed * 10 + (text[i] - '0');
-                ++i;
-            }
-            if (i == text.size()) {
-                value = text[0] == '-' ? -parsed : parsed;
-                return Status::kOk;
-            }
-        }
+    const char* const textEnd = text.data() + text.size();
+    if (ScanCommonInt(text.data(), textEnd, value) == textEnd) {
+        return Status::kOk;
     }
     if (!isInteger(text)) {
         return IsDecimal(text) ? Status::kNotAnInteger : Status::kNotANumber;

@@ -61,7 +61,11 @@ const VRKJobPlayer::Verb VRKJobPlayer::kVerbs[] = {
     {"SetFillMode", &VRKJobPlayer::DoSetFillMode, "SetFillMode v"},
 };
 
-VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator) {}
+VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator) {
+    for (const Verb& verb : kVerbs) {
+        verbNames_.emplace_back(verb.name);
+    }
+}
 
 class VRKJobPlayer::FileSource final : public Source {
   public:
@@ -249,18 +253,11 @@ bool VRKJobPlayer::Fail(std::string message) {
 
 const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
     // Jobs repeat a verb line after line: the verb of the previous line is tried first.
-    static const auto names = [] {
-        std::array<std::string_view, std::size(kVerbs)> views{};
-        for (std::size_t i = 0; i < views.size(); ++i) {
-            views[i] = kVerbs[i].name;
-        }
-        return views;
-    }();
-    if (verb_ != nullptr && names[static_cast<std::size_t>(verb_ - kVerbs)] == name) {
+    if (verb_ != nullptr && verbNames_[static_cast<std::size_t>(verb_ - kVerbs)] == name) {
         return verb_;
     }
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (names[i] == name) {
+    for (std::size_t i = 0; i < verbNames_.size(); ++i) {
+        if (verbNames_[i] == name) {
             return &kVerbs[i];
         }
     }
@@ -270,6 +267,12 @@ const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
 bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
     if (lineNumber == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") {
         return Fail("the file starts with a byte order mark; job files are UTF-8 without one");
+    }
+    if (state_ == State::kInJob && PlayCommonLine(line)) {
+        if (generator_.HasFailed()) {
+            return Fail(std::string("the generator failed in ") + verb_->name);
+        }
+        return true;
     }
     std::string lexError;
     if (!lexer_.Split(line, lexError)) {
@@ -319,6 +322,145 @@ bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
         return Fail(std::string("the generator failed in ") + verb_->name);
     }
     return true;
+}
+
+namespace {
+
+// Reads the numbers of a line of plain numbers: each number stands between blanks, and anything
+// else (a comment, a string, a word, a number in an uncommon form) stops the reading.
+class NumberScanner {
+  public:
+    NumberScanner(const char* p, const char* end) : p_(p), end_(end) {}
+
+    bool Float(float& value) {
+        double v = 0.0;
+        if (!SkipBlanks()) {
+            return false;
+        }
+        p_ = VRKJobNumber::ScanCommonDecimal(p_, end_, v);
+        value = static_cast<float>(v);
+        return p_ != nullptr && AtSeparator();
+    }
+    bool Int(int& value) {
+        if (!SkipBlanks()) {
+            return false;
+        }
+        p_ = VRKJobNumber::ScanCommonInt(p_, end_, value);
+        return p_ != nullptr && AtSeparator();
+    }
+    // True when only blanks are left.
+    bool AtEnd() {
+        while (p_ != end_ && (*p_ == ' ' || *p_ == '\t')) {
+            ++p_;
+        }
+        return p_ == end_;
+    }
+
+  private:
+    // Past at least one blank (the verb or the previous number ends there); false at the end.
+    bool SkipBlanks() {
+        if (p_ == end_ || (*p_ != ' ' && *p_ != '\t')) {
+            return false;
+        }
+        do {
+            ++p_;
+        } while (p_ != end_ && (*p_ == ' ' || *p_ == '\t'));
+        return p_ != end_;
+    }
+    bool AtSeparator() const { return p_ == end_ || *p_ == ' ' || *p_ == '\t'; }
+
+    const char* p_;
+    const char* end_;
+};
+
+}  // namespace
+
+bool VRKJobPlayer::PlayCommonLine(std::string_view line) {
+    const char* const end = line.data() + line.size();
+    const char* p = line.data();
+    while (p != end && *p != ' ' && *p != '\t') {
+        ++p;
+    }
+    const std::string_view name(line.data(), static_cast<std::size_t>(p - line.data()));
+    const Verb* verb = FindVerb(name);
+    if (verb == nullptr) {
+        return false;
+    }
+    NumberScanner scan(p, end);
+    const Handler handler = verb->handler;
+    if (handler == &VRKJobPlayer::DoLineTo || handler == &VRKJobPlayer::DoMoveTo) {
+        float x = 0.0f, y = 0.0f;
+        if (!scan.Float(x) || !scan.Float(y) || !scan.AtEnd()) {
+            return false;
+        }
+        verb_ = verb;
+        if (handler == &VRKJobPlayer::DoLineTo) {
+            generator_.LineTo(x, y);
+        } else {
+            generator_.MoveTo(x, y);
+        }
+        return true;
+    }
+    if (handler == &VRKJobPlayer::DoDrawArcCircle) {
+        float v[5] = {};
+        int filled = 0;
+        for (float& value : v) {
+            if (!scan.Float(value)) {
+                return false;
+            }
+        }
+        if (!scan.Int(filled) || !scan.AtEnd() || (filled != 0 && filled != 1)) {
+            return false;
+        }
+        verb_ = verb;
+        generator_.DrawArcCircle(v[0], v[1], v[2], v[3], v[4], filled);
+        return true;
+    }
+    if (handler == &VRKJobPlayer::DoFillArea) {
+        int polygons = 0;
+        if (!scan.Int(polygons) || polygons < 0 || polygons > (1 << 20)) {
+            return false;
+        }
+        counts_.resize(static_cast<std::size_t>(polygons));
+        long long total = 0;
+        for (int& count : counts_) {
+            if (!scan.Int(count) || count < 0) {
+                return false;
+            }
+            total += count;
+        }
+        // The line's length bounds the coordinates it can hold: two bytes each at least.
+        if (2 * total > static_cast<long long>(line.size())) {
+            return false;
+        }
+        points_.resize(static_cast<std::size_t>(2 * total));
+        for (float& value : points_) {
+            if (!scan.Float(value)) {
+                return false;
+            }
+        }
+        if (!scan.AtEnd()) {
+            return false;
+        }
+        verb_ = verb;
+        generator_.FillArea(polygons, counts_.data(), points_.data());
+        return true;
+    }
+    if (handler == &VRKJobPlayer::DoSelectDrawColor ||
+        handler == &VRKJobPlayer::DoSelectFillColor) {
+        int index = 0;
+        if (!scan.Int(index) || !scan.AtEnd()) {
+            return false;
+        }
+        verb_ = verb;
+        if (handler == &VRKJobPlayer::DoSelectDrawColor) {
+            generator_.SelectDrawColor(index);
+        } else {
+            generator_.SelectFillColor(index);
+        }
+        return true;
+    }
+    return false;
 }
 
 // ---- Arguments -------------------------------------------------------------------------------

@@ -73,6 +73,11 @@ class VRKJobPlayer {
     // next call.
     LineRead NextLine(Source& source, std::string_view& line);
     bool PlayLine(std::string_view line, int lineNumber);
+    // Plays the lines that make up nearly all of a large drawing (moves, lines, circles, fills,
+    // colour choices) when they hold plain numbers and nothing else, reading the numbers straight
+    // from the line. False, without a call, for any line it does not take: the general path
+    // then plays the line or reports what is wrong with it.
+    bool PlayCommonLine(std::string_view line);
     bool Fail(std::string message);
     bool FailArgument(std::string_view what);
     const Verb* FindVerb(std::string_view name) const;
@@ -143,4 +148,6 @@ class VRKJobPlayer {
     // Scratch arrays of the current line, kept between lines for their memory.
     std::vector<float> points_;
     std::vector<int> counts_;
+    // The verb table's names as views, for the comparisons of every line.
+    std::vector<std::string_view> verbNames_;
 };
