@@ -84,6 +84,34 @@ void BM_LineToInEncodedRun(benchmark::State& state) {
 }
 BENCHMARK(BM_LineToInEncodedRun);
 
+// A coordinate in the fixed notation with two decimals, as the plotter gets arcs and circles.
+void BM_WriteFloatFixed2(benchmark::State& state) {
+    CountingStream s;
+    s.SetFixed(2);
+    const std::vector<float> xy = randomWalk(4096);
+    std::size_t i = 0;
+    for (auto _ : state) {
+        s.WriteFloat(xy[i++ & 8191] * 40.0);
+    }
+    benchmark::DoNotOptimize(s.BytesWritten());
+}
+BENCHMARK(BM_WriteFloatFixed2);
+
+// A full circle, which the plotter draws itself (AA around its centre).
+void BM_DrawArcCircleFull(benchmark::State& state) {
+    BenchGenerator g;
+    g.Begin(A0Parameters());
+    g.SetDrawWidth(0.35f);
+    const std::vector<float> xy = randomWalk(4096);
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const std::size_t k = 2 * (i++ & 4095);
+        g.DrawArcCircle(xy[k], xy[k + 1], 5.0f, 0.0f, 6.2831855f, 0);
+    }
+    benchmark::DoNotOptimize(g.stream.BytesWritten());
+}
+BENCHMARK(BM_DrawArcCircleFull);
+
 // The start of a job: reset, set-up instructions and page size.
 void BM_Begin(benchmark::State& state) {
     BenchGenerator g;

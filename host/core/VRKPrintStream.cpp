@@ -13,12 +13,14 @@ __extension__ typedef unsigned __int128 Wide;
 
 constexpr std::uint64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
 
-// Fixed notation with `decimals` digits (0 to 6) of a finite value below 2^53 in magnitude,
+// Fixed notation with `Decimals` digits (0 to 6) of a finite value below 2^53 in magnitude,
 // rounded as std::to_chars rounds it: from the exact binary value, ties to even. The value is
-// m * 2^-shift exactly, so value * 10^decimals is m * 10^decimals / 2^shift, whose quotient and
-// remainder are exact in 128 bits. Writes at most 32 bytes; returns null for the values it does
-// not take (then the general formatter runs).
-char* formatFixed(char* out, double value, int decimals) {
+// m * 2^-shift exactly, so value * 10^Decimals is m * 10^Decimals / 2^shift, whose quotient and
+// remainder are exact in integers (64 bits up to three decimals, 128 above). Writes at most 32
+// bytes; returns null for the values it does not take (then the general formatter runs).
+template <int Decimals>
+char* formatFixed(char* out, double value) {
+    constexpr std::uint64_t kScale = kPowersOfTen[Decimals];
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const bool negative = (bits >> 63) != 0;
     const int biased = static_cast<int>((bits >> 52) & 0x7FF);
@@ -31,36 +33,65 @@ char* formatFixed(char* out, double value, int decimals) {
         mantissa |= std::uint64_t{1} << 52;
         shift = 1075 - biased;
     }
-    const std::uint64_t scale = kPowersOfTen[decimals];
     std::uint64_t q = 0;
-    if (shift < 100) {
-        const Wide n = static_cast<Wide>(mantissa) * scale;
-        const Wide quotient = n >> shift;
-        if ((quotient >> 64) != 0) {
-            return nullptr;
+    if constexpr (Decimals <= 3) {
+        // m * 10^3 < 2^63; at a shift of 64 or more the value is below one half and rounds to 0.
+        if (shift < 64) {
+            const std::uint64_t n = mantissa * kScale;
+            q = n >> shift;
+            const std::uint64_t remainder = n - (q << shift);
+            const std::uint64_t half = std::uint64_t{1} << (shift - 1);
+            q += remainder > half || (remainder == half && (q & 1) != 0) ? 1 : 0;
         }
-        q = static_cast<std::uint64_t>(quotient);
-        const Wide remainder = n - (quotient << shift);
-        const Wide half = static_cast<Wide>(1) << (shift - 1);
-        if (remainder > half || (remainder == half && (q & 1) != 0)) {
-            ++q;
+    } else {
+        // m * 10^6 < 2^73; at a shift of 100 or more the value is below one half.
+        if (shift < 100) {
+            const Wide n = static_cast<Wide>(mantissa) * kScale;
+            const Wide quotient = n >> shift;
+            if ((quotient >> 64) != 0) {
+                return nullptr;
+            }
+            q = static_cast<std::uint64_t>(quotient);
+            const Wide remainder = n - (quotient << shift);
+            const Wide half = static_cast<Wide>(1) << (shift - 1);
+            q += remainder > half || (remainder == half && (q & 1) != 0) ? 1 : 0;
         }
     }
-    // Otherwise value * 10^decimals < 2^73 / 2^100: below one half, so it rounds to zero.
     if (negative) {
         *out++ = '-';
     }
-    out = std::to_chars(out, out + 24, q / scale).ptr;
-    if (decimals > 0) {
+    out = writeDecimal(out, q / kScale);
+    if constexpr (Decimals > 0) {
         *out++ = '.';
-        std::uint64_t fraction = q % scale;
-        for (int i = decimals - 1; i >= 0; --i) {
+        std::uint64_t fraction = q % kScale;
+        for (int i = Decimals - 1; i >= 0; --i) {
             out[i] = static_cast<char>('0' + fraction % 10);
             fraction /= 10;
         }
-        out += decimals;
+        out += Decimals;
     }
     return out;
+}
+
+char* formatFixed(char* out, double value, int decimals) {
+    switch (decimals) {
+        case 0:
+            return formatFixed<0>(out, value);
+        case 1:
+            return formatFixed<1>(out, value);
+        case 2:
+            return formatFixed<2>(out, value);
+        case 3:
+            return formatFixed<3>(out, value);
+        case 4:
+            return formatFixed<4>(out, value);
+        case 5:
+            return formatFixed<5>(out, value);
+        case 6:
+            return formatFixed<6>(out, value);
+        default:
+            return nullptr;
+    }
 }
 
 }  // namespace

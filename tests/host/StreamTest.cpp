@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstring>
 #include <locale>
@@ -87,6 +88,30 @@ TEST(PrintStream, FixedNotationMatchesToChars) {
         }
         EXPECT_EQ(s.Data(), expected) << decimals << " decimals";
     }
+}
+
+// Integers are formatted without std::to_chars below 10^8; every digit must be the same.
+TEST(PrintStream, IntegersMatchToChars) {
+    std::vector<long long> values = {0,         1,         9,         10,         99,
+                                     100,       12345678,  99999999,  100000000,  100000001,
+                                     -1,        -10,       -99999999, -100000000, 4294967296LL,
+                                     LLONG_MAX, LLONG_MIN, 1000,      10000,      10001};
+    std::mt19937_64 random(9);
+    for (int i = 0; i < 20000; ++i) {
+        values.push_back(static_cast<long long>(random() % 200000000) - 100000000);
+        values.push_back(static_cast<long long>(random() % 100000));
+        values.push_back(static_cast<long long>(random()));
+    }
+    VRKPrintMemoryStream s;
+    std::string expected;
+    for (const long long v : values) {
+        char text[32];
+        expected.append(text, std::to_chars(text, text + sizeof text, v).ptr);
+        expected += ',';
+        s.WriteInt(v);
+        s.Put(',');
+    }
+    EXPECT_EQ(s.Data(), expected);
 }
 
 TEST(PrintStream, ProcessLocaleDoesNotChangeAByte) {
