@@ -60,6 +60,17 @@ char* formatFixed(char* out, double value) {
     if (negative) {
         *out++ = '-';
     }
+    if constexpr (Decimals >= 1 && Decimals <= 3) {
+        if (q < 100000000) {
+            // All digits at once, then the last `Decimals` of them one place on for the point.
+            out = writeDecimal(out, q, Decimals + 1);
+            for (int i = 0; i < Decimals; ++i) {
+                out[-i] = out[-i - 1];
+            }
+            out[-Decimals] = '.';
+            return out + 1;
+        }
+    }
     out = writeDecimal(out, q / kScale);
     if constexpr (Decimals > 0) {
         *out++ = '.';

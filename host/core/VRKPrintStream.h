@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cstddef>
@@ -10,14 +11,16 @@
 
 #include "host/core/VRKUnicodeString.h"
 
-// The decimal digits of `value` at `out`, which must have room for 20 bytes; returns their end.
+// The decimal digits of `value` at `out`, at least `leastDigits` of them (1 to 8, with leading
+// zeros), which must have room for 20 bytes; returns their end.
 // Values below 10^8, all a plot's coordinates, are split into their eight digits without a
 // branch on the value and stored at once, the leading zeros dropped by a shift: the number of
 // digits of a coordinate cannot be predicted, and a digit loop that mispredicts its end costs
 // more than the whole formatting.
-inline char* writeDecimal(char* out, std::uint64_t value) {
+inline char* writeDecimal(char* out, std::uint64_t value, int leastDigits = 1) {
     if (std::endian::native != std::endian::little || value >= 100000000) {
-        return std::to_chars(out, out + 20, value).ptr;
+        char* end = std::to_chars(out, out + 20, value).ptr;
+        return end;
     }
     // Two 32-bit lanes of four digits, the more significant one in the low lane; then 16-bit
     // lanes of two digits, then bytes of one, each step dividing every lane by a multiplication.
@@ -26,8 +29,9 @@ inline char* writeDecimal(char* out, std::uint64_t value) {
     lanes = hundreds | ((lanes - hundreds * 100) << 16);
     const std::uint64_t tens = ((lanes * 103) >> 10) & 0x000F000F000F000Full;
     lanes = tens | ((lanes - tens * 10) << 8);
-    // Byte k now holds the k-th of eight digits; the leading zero bytes are dropped.
-    const int zeros = lanes == 0 ? 7 : std::countr_zero(lanes) / 8;
+    // Byte k now holds the k-th of eight digits; the leading zero bytes are dropped, down to
+    // `leastDigits` digits.
+    const int zeros = std::min(lanes == 0 ? 8 : std::countr_zero(lanes) / 8, 8 - leastDigits);
     const std::uint64_t text = (lanes + 0x3030303030303030ull) >> (8 * zeros);
     std::memcpy(out, &text, sizeof text);
     return out + (8 - zeros);
