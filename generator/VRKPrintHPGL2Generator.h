@@ -99,6 +99,16 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void toPlotterUnits(float x, float y, int& px, int& py) const {
         const int ix = static_cast<int>(static_cast<double>(x) * 40.0);
         const int iy = static_cast<int>(static_cast<double>(y) * 40.0);
+        // Without an offset, and within the 24 bits a float holds exactly, the detour through
+        // float gives the integer back unchanged.
+        constexpr unsigned kExact = 1u << 24;
+        if (originOffsetX == 0.0f && originOffsetY == 0.0f &&
+            static_cast<unsigned>(ix) + kExact <= 2 * kExact &&
+            static_cast<unsigned>(iy) + kExact <= 2 * kExact) {
+            px = ix;
+            py = iy;
+            return;
+        }
         px = static_cast<int>(static_cast<float>(ix) + originOffsetX);
         py = static_cast<int>(static_cast<float>(iy) + originOffsetY);
     }

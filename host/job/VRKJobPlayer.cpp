@@ -252,9 +252,19 @@ bool VRKJobPlayer::Fail(std::string message) {
 }
 
 const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
-    // Jobs repeat a verb line after line: the verb of the previous line is tried first.
-    if (verb_ != nullptr && verbNames_[static_cast<std::size_t>(verb_ - kVerbs)] == name) {
-        return verb_;
+    // Jobs repeat a verb line after line: the verb of the previous line is tried first, byte by
+    // byte (a verb is a short word; a library call to compare it would cost more).
+    if (verb_ != nullptr) {
+        const std::string_view previous = verbNames_[static_cast<std::size_t>(verb_ - kVerbs)];
+        if (previous.size() == name.size()) {
+            std::size_t i = 0;
+            while (i < name.size() && previous[i] == name[i]) {
+                ++i;
+            }
+            if (i == name.size()) {
+                return verb_;
+            }
+        }
     }
     for (std::size_t i = 0; i < verbNames_.size(); ++i) {
         if (verbNames_[i] == name) {
