@@ -877,7 +877,7 @@ bool VRKJobPlayer::DoDrawBitmap() {
         path = (baseFolder_.back() == '/' ? baseFolder_ : baseFolder_ + "/") + path;
     }
     std::string error;
-    VRKPixelImage* image = VRKPngReader::ReadFile(path, error);
+    VRKPixelImage* image = VRKPngReader::OpenFile(path, error);
     if (image == nullptr) {
         return Fail("DrawBitmap: cannot read the bitmap " + VRKJobLexer::Quote(path) + ": " +
                     error);
