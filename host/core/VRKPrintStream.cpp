@@ -18,9 +18,55 @@ constexpr std::uint64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000, 100000, 10000
 // m * 2^-shift exactly, so value * 10^Decimals is m * 10^Decimals / 2^shift, whose quotient and
 // remainder are exact in integers (64 bits up to three decimals, 128 above). Writes at most 32
 // bytes; returns null for the values it does not take (then the general formatter runs).
+// The digits of q / 10^Decimals with its sign.
+template <int Decimals>
+char* writeScaled(char* out, std::uint64_t q, bool negative) {
+    constexpr std::uint64_t kScale = kPowersOfTen[Decimals];
+    if (negative) {
+        *out++ = '-';
+    }
+    if constexpr (Decimals >= 1 && Decimals <= 3) {
+        if (q < 100000000) {
+            // All digits at once, then the last `Decimals` of them one place on for the point.
+            out = writeDecimal(out, q, Decimals + 1);
+            for (int i = 0; i < Decimals; ++i) {
+                out[-i] = out[-i - 1];
+            }
+            out[-Decimals] = '.';
+            return out + 1;
+        }
+    }
+    out = writeDecimal(out, q / kScale);
+    if constexpr (Decimals > 0) {
+        *out++ = '.';
+        std::uint64_t fraction = q % kScale;
+        for (int i = Decimals - 1; i >= 0; --i) {
+            out[i] = static_cast<char>('0' + fraction % 10);
+            fraction /= 10;
+        }
+        out += Decimals;
+    }
+    return out;
+}
+
 template <int Decimals>
 char* formatFixed(char* out, double value) {
     constexpr std::uint64_t kScale = kPowersOfTen[Decimals];
+    // The common case in floating point: the product value * 10^Decimals is off the exact one
+    // by half a unit in its last place at most (below 2^-23 under 2^30), so unless it lies
+    // within 2^-20 of a tie it rounds to the same integer as the exact product. Adding and
+    // taking away 2^52 rounds to the nearest integer, ties to even.
+    {
+        const double scaled = std::fabs(value * static_cast<double>(kScale));
+        if (scaled < 1073741824.0) {
+            constexpr double kTwo52 = 4503599627370496.0;
+            const double rounded = (scaled + kTwo52) - kTwo52;
+            if (std::fabs(scaled - rounded) < 0.5 - 0x1p-20) {
+                return writeScaled<Decimals>(out, static_cast<std::uint64_t>(rounded),
+                                             std::signbit(value));
+            }
+        }
+    }
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const bool negative = (bits >> 63) != 0;
     const int biased = static_cast<int>((bits >> 52) & 0x7FF);
@@ -57,31 +103,7 @@ char* formatFixed(char* out, double value) {
             q += remainder > half || (remainder == half && (q & 1) != 0) ? 1 : 0;
         }
     }
-    if (negative) {
-        *out++ = '-';
-    }
-    if constexpr (Decimals >= 1 && Decimals <= 3) {
-        if (q < 100000000) {
-            // All digits at once, then the last `Decimals` of them one place on for the point.
-            out = writeDecimal(out, q, Decimals + 1);
-            for (int i = 0; i < Decimals; ++i) {
-                out[-i] = out[-i - 1];
-            }
-            out[-Decimals] = '.';
-            return out + 1;
-        }
-    }
-    out = writeDecimal(out, q / kScale);
-    if constexpr (Decimals > 0) {
-        *out++ = '.';
-        std::uint64_t fraction = q % kScale;
-        for (int i = Decimals - 1; i >= 0; --i) {
-            out[i] = static_cast<char>('0' + fraction % 10);
-            fraction /= 10;
-        }
-        out += Decimals;
-    }
-    return out;
+    return writeScaled<Decimals>(out, q, negative);
 }
 
 char* formatFixed(char* out, double value, int decimals) {
