@@ -163,7 +163,7 @@ void VRKPrintStream::WriteSlow(const char* data, std::size_t size) {
     cursor_ += size;
 }
 
-void VRKPrintStream::WriteFloat(double value) {
+void VRKPrintStream::WriteFloatExactly(double value) {
     if (fixed_ && precision_ >= 0 && precision_ <= 6) {
         char* const start = Claim(32);
         char* const end = formatFixed(start, value, precision_);

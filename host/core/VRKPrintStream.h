@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -35,6 +36,31 @@ inline char* writeDecimal(char* out, std::uint64_t value, int leastDigits = 1) {
     const std::uint64_t text = (lanes + 0x3030303030303030ull) >> (8 * zeros);
     std::memcpy(out, &text, sizeof text);
     return out + (8 - zeros);
+}
+
+// A value in fixed notation with two decimals, the plotter's usual form, when it lies below 10^6
+// and clearly away from a tie: value * 100 is then off the exact product by less than 2^-26,
+// so rounding it to the nearest integer (adding and taking away 2^52, ties to even) gives the
+// digits std::to_chars gives. Null for every other value, which the stream formats exactly.
+inline char* formatFixed2Quick(char* out, double value) {
+    const double scaled = std::fabs(value * 100.0);
+    if (!(scaled < 99999999.0)) {
+        return nullptr;
+    }
+    constexpr double kTwo52 = 4503599627370496.0;
+    const double rounded = (scaled + kTwo52) - kTwo52;
+    if (!(std::fabs(scaled - rounded) < 0.5 - 0x1p-20)) {
+        return nullptr;
+    }
+    if (std::signbit(value)) {
+        *out++ = '-';
+    }
+    // At least three digits, then the last two one place on for the point.
+    out = writeDecimal(out, static_cast<std::uint64_t>(rounded), 3);
+    out[0] = out[-1];
+    out[-1] = out[-2];
+    out[-2] = '.';
+    return out + 1;
 }
 
 // The byte stream a print generator writes its plot to. Writes go into a large buffer that is
@@ -86,7 +112,17 @@ class VRKPrintStream {
             value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
         cursor_ = writeDecimal(cursor_, magnitude);
     }
-    void WriteFloat(double value);
+    void WriteFloat(double value) {
+        if (fixed_ && precision_ == 2) {
+            char* const start = Claim(32);
+            char* const end = formatFixed2Quick(start, value);
+            if (end != nullptr) {
+                Advance(end);
+                return;
+            }
+        }
+        WriteFloatExactly(value);
+    }
     // Room for up to `size` bytes written in place: returns where to write them, and Advance()
     // then takes the end of what was written. For formatters that write straight into the
     // buffer; `size` must not exceed the buffer (64 bytes always fit).
@@ -128,6 +164,7 @@ class VRKPrintStream {
     virtual bool Sink(const char* data, std::size_t size) = 0;
 
   private:
+    void WriteFloatExactly(double value);
     void Reserve(std::size_t size) {
         if (static_cast<std::size_t>(end_ - cursor_) < size) {
             FlushBuffer();
