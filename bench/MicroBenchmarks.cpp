@@ -19,6 +19,7 @@
 #include "generator/DeltaRowCompression.h"
 #include "generator/HPGL2Encoding.h"
 #include "host/core/VRKPixelImage.h"
+#include "host/core/VRKPrintGenerator.h"
 #include "host/job/VRKJobLexer.h"
 #include "host/job/VRKJobNumber.h"
 #include "host/job/VRKJobPlayer.h"
@@ -264,13 +265,12 @@ void BM_JobNumberParseFloat(benchmark::State& state) {
 }
 BENCHMARK(BM_JobNumberParseFloat);
 
-// A job of polylines as the lines workload writes them, played from memory into a generator
-// whose output is counted and dropped: the job reader, the lexer, the numbers and the calls.
-void BM_JobPlayerLines(benchmark::State& state) {
-    const std::vector<float> xy = randomWalk(100000);
+// A job of polylines as the lines workload writes them.
+std::string polylineJob(std::size_t points) {
+    const std::vector<float> xy = randomWalk(points);
     std::string job = "Begin width=841 height=1189 orientation=1\nDefineColor 1 0 0 0\n";
     char line[64];
-    for (std::size_t i = 0; i < xy.size() / 2; ++i) {
+    for (std::size_t i = 0; i < points; ++i) {
         if (i % 100 == 0) {
             job += "SelectDrawColor 1\n";
         }
@@ -279,6 +279,14 @@ void BM_JobPlayerLines(benchmark::State& state) {
         job += line;
     }
     job += "End\n";
+    return job;
+}
+
+// The job played from memory into a generator whose output is counted and dropped: the job
+// reader, the lexer, the numbers and the calls.
+void BM_JobPlayerLines(benchmark::State& state) {
+    const std::size_t points = 100000;
+    const std::string job = polylineJob(points);
     for (auto _ : state) {
         BenchGenerator g;
         VRKJobPlayer player(g);
@@ -289,9 +297,27 @@ void BM_JobPlayerLines(benchmark::State& state) {
         }
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * job.size()));
-    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * (xy.size() / 2)));
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * points));
 }
 BENCHMARK(BM_JobPlayerLines)->Unit(benchmark::kMillisecond);
+
+// The same job into the host's base generator, whose hooks do nothing: the job reader alone.
+void BM_JobPlayerLinesReaderOnly(benchmark::State& state) {
+    const std::size_t points = 100000;
+    const std::string job = polylineJob(points);
+    for (auto _ : state) {
+        VRKPrintGenerator g("None");
+        VRKJobPlayer player(g);
+        std::istringstream in(job);
+        if (!player.Play(in, "bench", "")) {
+            state.SkipWithError(player.GetError().ToString().c_str());
+            break;
+        }
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * job.size()));
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * points));
+}
+BENCHMARK(BM_JobPlayerLinesReaderOnly)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
