@@ -221,8 +221,14 @@ VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& 
             if (begin_ == end_) {
                 return LineRead::kEnd;
             }
-            // The last line, without a line end.
-            line = std::string_view(data + begin_, end_ - begin_);
+            // The last line, without a line end. A line end is put after it all the same: the
+            // quick reading of common lines counts on a byte past every line that ends a word.
+            if (end_ == buffer_.size()) {
+                buffer_.push_back('\n');
+            } else {
+                buffer_[end_] = '\n';
+            }
+            line = std::string_view(buffer_.data() + begin_, end_ - begin_);
             begin_ = scanned_ = end_;
             return LineRead::kLine;
         }
@@ -337,7 +343,9 @@ bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
 namespace {
 
 // Reads the numbers of a line of plain numbers: each number stands between blanks, and anything
-// else (a comment, a string, a word, a number in an uncommon form) stops the reading.
+// else (a comment, a string, a word, a number in an uncommon form) stops the reading. The byte
+// just past the line is readable and is a line end (LF, or the CR before it), which ends every
+// digit run and every run of blanks: the loops need not watch for the end of the line.
 class NumberScanner {
   public:
     NumberScanner(const char* p, const char* end) : p_(p), end_(end) {}
@@ -347,7 +355,7 @@ class NumberScanner {
         if (!SkipBlanks()) {
             return false;
         }
-        p_ = VRKJobNumber::ScanCommonDecimal(p_, end_, v);
+        p_ = ScanDecimal(p_, v);
         value = static_cast<float>(v);
         return p_ != nullptr && AtSeparator();
     }
@@ -360,24 +368,63 @@ class NumberScanner {
     }
     // True when only blanks are left.
     bool AtEnd() {
-        while (p_ != end_ && (*p_ == ' ' || *p_ == '\t')) {
+        while (isBlank(*p_)) {
             ++p_;
         }
         return p_ == end_;
     }
 
   private:
+    static bool isBlank(char c) { return c == ' ' || c == '\t'; }
+    static bool isDigit(char c) { return static_cast<unsigned>(c - '0') < 10u; }
+
     // Past at least one blank (the verb or the previous number ends there); false at the end.
     bool SkipBlanks() {
-        if (p_ == end_ || (*p_ != ' ' && *p_ != '\t')) {
+        if (!isBlank(*p_)) {
             return false;
         }
         do {
             ++p_;
-        } while (p_ != end_ && (*p_ == ' ' || *p_ == '\t'));
+        } while (isBlank(*p_));
         return p_ != end_;
     }
-    bool AtSeparator() const { return p_ == end_ || *p_ == ' ' || *p_ == '\t'; }
+    bool AtSeparator() const { return p_ == end_ || isBlank(*p_); }
+
+    // The number at `start` in the common form without exponent, read as ScanCommonDecimal
+    // reads it (the same digits and the same power of ten give the same value); any other form
+    // goes to ScanCommonDecimal itself.
+    const char* ScanDecimal(const char* start, double& value) const {
+        const char* p = start;
+        const bool negative = *p == '-';
+        if (*p == '-' || *p == '+') {
+            ++p;
+        }
+        const char* const first = p;
+        std::uint64_t digits = 0;
+        while (isDigit(*p)) {
+            digits = digits * 10 + static_cast<unsigned>(*p - '0');
+            ++p;
+        }
+        int count = static_cast<int>(p - first);
+        int decimals = 0;
+        if (*p == '.') {
+            ++p;
+            const char* const fraction = p;
+            while (isDigit(*p)) {
+                digits = digits * 10 + static_cast<unsigned>(*p - '0');
+                ++p;
+            }
+            decimals = static_cast<int>(p - fraction);
+            count += decimals;
+        }
+        if (count == 0 || count > 19 || *p == 'e' || *p == 'E' || decimals > 22 ||
+            digits > (std::uint64_t{1} << 53)) {
+            return VRKJobNumber::ScanCommonDecimal(start, end_, value);
+        }
+        const double v = static_cast<double>(digits) / VRKJobNumber::kExactPowersOfTen[decimals];
+        value = negative ? -v : v;
+        return p;
+    }
 
     const char* p_;
     const char* end_;
@@ -388,13 +435,29 @@ class NumberScanner {
 bool VRKJobPlayer::PlayCommonLine(std::string_view line) {
     const char* const end = line.data() + line.size();
     const char* p = line.data();
-    while (p != end && *p != ' ' && *p != '\t') {
-        ++p;
+    // Most lines repeat the verb of the line before: it is compared in place, and then only a
+    // blank (or the line end past the line) may follow it.
+    const Verb* verb = verb_;
+    if (verb != nullptr) {
+        const std::string_view previous = verbNames_[static_cast<std::size_t>(verb - kVerbs)];
+        std::size_t i = 0;
+        while (i < previous.size() && i < line.size() && line[i] == previous[i]) {
+            ++i;
+        }
+        if (i == previous.size() && (p[i] == ' ' || p[i] == '\t' || i == line.size())) {
+            p += i;
+        } else {
+            verb = nullptr;
+        }
     }
-    const std::string_view name(line.data(), static_cast<std::size_t>(p - line.data()));
-    const Verb* verb = FindVerb(name);
     if (verb == nullptr) {
-        return false;
+        while (p != end && *p != ' ' && *p != '\t') {
+            ++p;
+        }
+        verb = FindVerb(std::string_view(line.data(), static_cast<std::size_t>(p - line.data())));
+        if (verb == nullptr) {
+            return false;
+        }
     }
     NumberScanner scan(p, end);
     const Handler handler = verb->handler;

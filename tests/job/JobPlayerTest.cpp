@@ -667,6 +667,13 @@ TEST(JobPlayerCommonLines, SameCallsAsTheLexedLines) {
     }
 }
 
+// A common line at the very end of the file, without a line end, is read like any other.
+TEST(JobPlayerCommonLines, LastLineWithoutLineEnd) {
+    EXPECT_EQ(play("Begin\nLineTo 1.5 2"), play("Begin\nLineTo 1.5 2 # lexed"));
+    EXPECT_EQ(play("Begin\nSelectDrawColor 3"), play("Begin\nSelectDrawColor 3 # lexed"));
+    EXPECT_EQ(play("Begin\nLineTo 1.5 2\r"), play("Begin\nLineTo 1.5 2 # lexed\r"));
+}
+
 // Lines that look common but are not keep the errors of the general path.
 TEST(JobPlayerCommonLines, UncommonLinesKeepTheirErrors) {
     EXPECT_EQ(errorOfLine("LineTo 1 2 3"), "JOB:2: LineTo: extra argument '3'; usage: LineTo x y");
