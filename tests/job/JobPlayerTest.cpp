@@ -674,6 +674,18 @@ TEST(JobPlayerCommonLines, LastLineWithoutLineEnd) {
     EXPECT_EQ(play("Begin\nLineTo 1.5 2\r"), play("Begin\nLineTo 1.5 2 # lexed\r"));
 }
 
+// A line too long for the limit makes no call, even with the verb of the line before.
+TEST(JobPlayerCommonLines, LengthLimitComesFirst) {
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    player.SetMaxLineLength(12);
+    std::istringstream in("Begin\nLineTo 1 2\nLineTo 1.5 2.25\nEnd\n");
+    EXPECT_FALSE(player.Play(in, "JOB", ""));
+    EXPECT_EQ(player.GetError().ToString(), "JOB:3: the line is longer than 12 bytes");
+    ASSERT_EQ(generator.calls.size(), 2u);
+    EXPECT_EQ(generator.calls[1], "LineTo 1 2");
+}
+
 // Lines that look common but are not keep the errors of the general path.
 TEST(JobPlayerCommonLines, UncommonLinesKeepTheirErrors) {
     EXPECT_EQ(errorOfLine("LineTo 1 2 3"), "JOB:2: LineTo: extra argument '3'; usage: LineTo x y");
