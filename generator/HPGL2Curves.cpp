@@ -140,8 +140,12 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
             }
             writeScale(scaleX, scaleY);
         }
-        const double startX = centreX + std::cos(static_cast<double>(start)) * radius;
-        const double startY = centreY + std::sin(static_cast<double>(start)) * radius;
+        // Circles nearly always start at angle 0, where the cosine is 1 and the sine is the
+        // angle itself (signed zero included): the same values without the library's call.
+        const double angle = start;
+        const bool zero = angle == 0.0;
+        const double startX = centreX + (zero ? 1.0 : std::cos(angle)) * radius;
+        const double startY = centreY + (zero ? angle : std::sin(angle)) * radius;
         s.Write("PU");
         s.WriteFloat(startX * 40.0);
         s.Put(',');

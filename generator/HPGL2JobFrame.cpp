@@ -5,13 +5,6 @@
 #include "host/core/VRKPrintStream.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 
-void VRKPrintHPGL2Generator::toPlotterUnits(float x, float y, int& px, int& py) const {
-    const int ix = static_cast<int>(static_cast<double>(x) * 40.0);
-    const int iy = static_cast<int>(static_cast<double>(y) * 40.0);
-    px = static_cast<int>(static_cast<float>(ix) + originOffsetX);
-    py = static_cast<int>(static_cast<float>(iy) + originOffsetY);
-}
-
 void VRKPrintHPGL2Generator::DrvBegin(const VRKPrintParameters& params) {
     if (properties == nullptr) {
         return;

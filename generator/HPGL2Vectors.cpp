@@ -23,10 +23,7 @@ void VRKPrintHPGL2Generator::DrvMoveTo(float x, float y) {
         return;
     }
     s.Put('<');  // pen up for the next pair
-    s.Write(encodeNumber(px - lastEncodedX));
-    s.Write(encodeNumber(py - lastEncodedY));
-    lastEncodedX = px;
-    lastEncodedY = py;
+    writeEncodedPair(s, px, py);
 }
 
 void VRKPrintHPGL2Generator::DrvLineTo(float x, float y) {
@@ -41,8 +38,5 @@ void VRKPrintHPGL2Generator::DrvLineTo(float x, float y) {
         openEncodedPolyline();
     }
     // A line to the current position is still written: a zero-length pair plots a dot.
-    s.Write(encodeNumber(px - lastEncodedX));
-    s.Write(encodeNumber(py - lastEncodedY));
-    lastEncodedX = px;
-    lastEncodedY = py;
+    writeEncodedPair(s, px, py);
 }

@@ -75,7 +75,3 @@ VRKBaseUnknown* VRKPrintHPGL2Generator::GetProperties() {
 void VRKPrintHPGL2Generator::Attach(VRKPrintStream* stream) {
     VRKPrintFileGenerator::Attach(stream);
 }
-
-bool VRKPrintHPGL2Generator::isHPGL() const {
-    return properties != nullptr && properties->GetType() != 0;
-}

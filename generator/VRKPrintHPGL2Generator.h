@@ -3,10 +3,11 @@
 #include <fstream>
 #include <vector>
 
+#include "generator/HPGL2Encoding.h"
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintNullStream.h"
+#include "properties/VRKPrintHPGL2Properties.h"
 
-class VRKPrintHPGL2Properties;
 class VRKPrintHPGLProperties;
 
 // The HP-GL/2 generator. It writes HP-GL/2 for large-format printers (vectors in Polyline Encoded
@@ -78,7 +79,7 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
         return stream != nullptr ? *stream : unattached;
     }
     // True when the record asks for the HP-GL dialect.
-    bool isHPGL() const;
+    bool isHPGL() const { return properties != nullptr && properties->GetType() != 0; }
     // Ends an open PE instruction with ";". Every instruction other than a PE continuation
     // calls this first, so that no instruction lands inside a PE.
     void closeEncodedPolyline() {
@@ -97,7 +98,32 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     }
     // Millimetres to plotter units: truncated toward zero, the origin offset added, truncated
     // again. There is no rounding to nearest anywhere on this path.
-    void toPlotterUnits(float x, float y, int& px, int& py) const;
+    void toPlotterUnits(float x, float y, int& px, int& py) const {
+        const int ix = static_cast<int>(static_cast<double>(x) * 40.0);
+        const int iy = static_cast<int>(static_cast<double>(y) * 40.0);
+        // Without an offset, and within the 24 bits a float holds exactly, the detour through
+        // float gives the integer back unchanged.
+        constexpr unsigned kExact = 1u << 24;
+        if (originOffsetX == 0.0f && originOffsetY == 0.0f &&
+            static_cast<unsigned>(ix) + kExact <= 2 * kExact &&
+            static_cast<unsigned>(iy) + kExact <= 2 * kExact) {
+            px = ix;
+            py = iy;
+            return;
+        }
+        px = static_cast<int>(static_cast<float>(ix) + originOffsetX);
+        py = static_cast<int>(static_cast<float>(iy) + originOffsetY);
+    }
+    // The encoded pair of the move from the last encoded position to (px, py), which becomes
+    // the last encoded position.
+    void writeEncodedPair(VRKPrintStream& s, int px, int py) {
+        char* p = s.Claim(16);
+        p = encodeNumberTo(p, px - lastEncodedX);
+        p = encodeNumberTo(p, py - lastEncodedY);
+        s.Advance(p);
+        lastEncodedX = px;
+        lastEncodedY = py;
+    }
     // Page size, rotation and text direction offset of a new form: PS, IP and RO.
     void writePageSetup(const VRKPrintParameters& params);
     // Job start and end of the HP-GL dialect.

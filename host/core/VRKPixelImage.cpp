@@ -113,7 +113,69 @@ VRKPixelImage* VRKPixelImage::CreateFromData(int width, int height, int format, 
     return image;
 }
 
+VRKPixelImage* VRKPixelImage::CreateStreamed(int width, int height, int format,
+                                             VRKPixelRowSource* source, float pixelWidth,
+                                             float pixelHeight) {
+    std::unique_ptr<VRKPixelRowSource> owned(source);
+    if (owned == nullptr || width < 0 || height < 0 || !isKnownFormat(format) ||
+        format == kUnsupported) {
+        return nullptr;
+    }
+    auto* image = new (std::nothrow) VRKPixelImage(width, height, format, pixelWidth, pixelHeight);
+    if (image == nullptr) {
+        return nullptr;
+    }
+    if (width > 0 && height > 0) {
+        try {
+            image->streamRow_.assign(image->bytesPerRow_, 0);
+        } catch (const std::bad_alloc&) {
+            image->Release();
+            return nullptr;
+        }
+        image->source_ = std::move(owned);
+    }
+    return image;
+}
+
+const unsigned char* VRKPixelImage::StreamRow(int y) const {
+    if (y < rowsRead_ - 1) {
+        if (!source_->Rewind()) {
+            return nullptr;
+        }
+        rowsRead_ = 0;
+    }
+    while (rowsRead_ <= y) {
+        if (!source_->NextRow(streamRow_.data())) {
+            // The source is lost; the next call starts it again.
+            rowsRead_ = std::numeric_limits<int>::max();
+            return nullptr;
+        }
+        ++rowsRead_;
+    }
+    return streamRow_.data();
+}
+
+bool VRKPixelImage::Materialize() {
+    if (!Allocate()) {
+        return false;
+    }
+    for (int y = 0; y < height_; ++y) {
+        const unsigned char* row = StreamRow(y);
+        if (row == nullptr) {
+            pixels_.clear();
+            return false;
+        }
+        std::memcpy(pixels_.data() + static_cast<std::size_t>(y) * bytesPerRow_, row, bytesPerRow_);
+    }
+    source_.reset();
+    streamRow_ = {};
+    return true;
+}
+
 unsigned char* VRKPixelImage::GetRow(int y) {
+    if (source_ != nullptr && (y < 0 || y >= height_ || !Materialize())) {
+        return nullptr;
+    }
     if (y < 0 || y >= height_ || pixels_.empty()) {
         return nullptr;
     }
@@ -121,6 +183,9 @@ unsigned char* VRKPixelImage::GetRow(int y) {
 }
 
 const unsigned char* VRKPixelImage::GetRow(int y) const {
+    if (source_ != nullptr) {
+        return y < 0 || y >= height_ ? nullptr : StreamRow(y);
+    }
     if (y < 0 || y >= height_ || pixels_.empty()) {
         return nullptr;
     }

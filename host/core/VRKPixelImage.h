@@ -1,9 +1,21 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "host/core/VRKBaseUnknown.h"
+
+// The rows of an image that is not held in memory, read one after another from the top (an image
+// file decoded as it is read).
+class VRKPixelRowSource {
+  public:
+    virtual ~VRKPixelRowSource() = default;
+    // Reads the next row into `row` (the image's bytes per row); false when it cannot.
+    virtual bool NextRow(unsigned char* row) = 0;
+    // Starts again at the top row; false when it cannot.
+    virtual bool Rewind() = 0;
+};
 
 // A raster image as the host hands it to DrawBitmap: rows of pixels, top row first, and the size
 // of one pixel on paper in millimetres.
@@ -50,6 +62,20 @@ class VRKPixelImage : public VRKBaseUnknown {
                                          std::size_t stride, float pixelWidth = kDefaultPixelSize,
                                          float pixelHeight = kDefaultPixelSize);
 
+    // A new image whose rows are not kept: they come from `source` (which the image owns from
+    // now on, and deletes even when this fails) as they are asked for, so that an image of any
+    // size takes the memory of one row. A streamed image reads its rows top to bottom; asking
+    // for an earlier row starts the source again. The pointer GetRow() const returns stays valid
+    // only until the next GetRow() call on the image, and is null when the source fails. The
+    // non-const GetRow() (a caller about to change pixels) first reads every row into memory,
+    // and the image is an ordinary one from then on. Formats as for Create; not the unsupported
+    // one.
+    static VRKPixelImage* CreateStreamed(int width, int height, int format,
+                                         VRKPixelRowSource* source,
+                                         float pixelWidth = kDefaultPixelSize,
+                                         float pixelHeight = kDefaultPixelSize);
+    bool IsStreamed() const { return source_ != nullptr; }
+
     // Bytes in one row of the format at the given width; 0 for the unsupported format or an
     // unknown code.
     static std::size_t BytesPerRow(int format, int width);
@@ -92,6 +118,10 @@ class VRKPixelImage : public VRKBaseUnknown {
 
   private:
     VRKPixelImage(int width, int height, int format, float pixelWidth, float pixelHeight);
+    // Row y of a streamed image, read from the source.
+    const unsigned char* StreamRow(int y) const;
+    // Reads every row of a streamed image into memory and lets the source go.
+    bool Materialize();
     // Allocates the rows; false when memory runs out or the size overflows.
     bool Allocate();
     bool GetBit(int x, int y) const;
@@ -104,4 +134,9 @@ class VRKPixelImage : public VRKBaseUnknown {
     float pixelWidth_;
     float pixelHeight_;
     std::vector<unsigned char> pixels_;
+    // A streamed image: its source, the last row read and how many rows were read since the
+    // source (re)started.
+    std::unique_ptr<VRKPixelRowSource> source_;
+    mutable std::vector<unsigned char> streamRow_;
+    mutable int rowsRead_ = 0;
 };

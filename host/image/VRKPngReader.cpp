@@ -7,6 +7,10 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstring>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "host/core/VRKPixelImage.h"
 
@@ -122,10 +126,20 @@ int chooseFormat(png_structp png, png_infop info) {
     return format;
 }
 
-// The part that runs under libpng's error handling. Returns false after a libpng error, with the
-// message in state->message; an image already made is left in state->image for the caller to
-// release.
-bool decode(png_structp png, png_infop info, ReadState* state) {
+// What the header of a file says once libpng's transformations are set.
+struct Header {
+    int width = 0;
+    int height = 0;
+    int format = VRKPixelImage::kUnsupported;
+    int passes = 1;
+    std::size_t rowBytes = 0;
+    float pixelWidth = VRKPixelImage::kDefaultPixelSize;
+    float pixelHeight = VRKPixelImage::kDefaultPixelSize;
+};
+
+// Reads the header and sets up the transformations. Runs under libpng's error handling: false
+// after a libpng error, with the message in state->message.
+bool readHeader(png_structp png, png_infop info, Header* header) {
     if (setjmp(png_jmpbuf(png)) != 0) {
         return false;
     }
@@ -146,32 +160,170 @@ bool decode(png_structp png, png_infop info, ReadState* state) {
     if (rowBytes > VRKPngReader::kMaxImageBytes / height) {
         png_error(png, "image too large");
     }
+    header->width = static_cast<int>(width);
+    header->height = static_cast<int>(height);
+    header->format = format;
+    header->passes = passes;
+    header->rowBytes = rowBytes;
 
-    float pixelWidth = VRKPixelImage::kDefaultPixelSize;
-    float pixelHeight = VRKPixelImage::kDefaultPixelSize;
     png_uint_32 resX = 0, resY = 0;
     int unit = PNG_RESOLUTION_UNKNOWN;
     if (png_get_pHYs(png, info, &resX, &resY, &unit) != 0 && unit == PNG_RESOLUTION_METER &&
         resX > 0 && resY > 0) {
-        pixelWidth = static_cast<float>(1000.0 / resX);
-        pixelHeight = static_cast<float>(1000.0 / resY);
+        header->pixelWidth = static_cast<float>(1000.0 / resX);
+        header->pixelHeight = static_cast<float>(1000.0 / resY);
     }
+    return true;
+}
 
-    state->image = VRKPixelImage::Create(static_cast<int>(width), static_cast<int>(height), format,
-                                         pixelWidth, pixelHeight);
+// Decodes the rows into a new image (left in state->image, which the caller releases even after
+// an error). Runs under libpng's error handling.
+bool decodeRows(png_structp png, ReadState* state, const Header* header) {
+    if (setjmp(png_jmpbuf(png)) != 0) {
+        return false;
+    }
+    state->image = VRKPixelImage::Create(header->width, header->height, header->format,
+                                         header->pixelWidth, header->pixelHeight);
     if (state->image == nullptr) {
         png_error(png, "out of memory");
     }
     // An interlaced file comes in several passes over the same rows; each pass adds its pixels
     // to what the earlier ones left in the row.
-    for (int pass = 0; pass < passes; ++pass) {
-        for (png_uint_32 y = 0; y < height; ++y) {
-            png_read_row(png, state->image->GetRow(static_cast<int>(y)), nullptr);
+    for (int pass = 0; pass < header->passes; ++pass) {
+        for (int y = 0; y < header->height; ++y) {
+            png_read_row(png, state->image->GetRow(y), nullptr);
         }
     }
     png_read_end(png, nullptr);
     return true;
 }
+
+// Decodes `count` rows of a file that is not interlaced into `row`, one over the other, and with
+// `finish` the rest of the file after them. Runs under libpng's error handling.
+bool decodeInto(png_structp png, unsigned char* row, int count, bool finish) {
+    if (setjmp(png_jmpbuf(png)) != 0) {
+        return false;
+    }
+    for (int y = 0; y < count; ++y) {
+        png_read_row(png, row, nullptr);
+    }
+    if (finish) {
+        png_read_end(png, nullptr);
+    }
+    return true;
+}
+
+// The file may hold anything in the bits after a 1-bit row's last pixel; images keep them clear.
+void clearPadding(unsigned char* row, const Header& header) {
+    if (header.format == VRKPixelImage::kMono1 && header.width % 8 != 0) {
+        row[header.rowBytes - 1] &= static_cast<unsigned char>(0xFF << (8 - header.width % 8));
+    }
+}
+
+// A PNG file opened for reading: its libpng state, and the header once read.
+class PngFile {
+  public:
+    PngFile() = default;
+    PngFile(const PngFile&) = delete;
+    PngFile& operator=(const PngFile&) = delete;
+    ~PngFile() { Close(); }
+
+    // Opens the file and reads its header; false with the message in `error`.
+    bool Open(const std::string& path, std::string& error) {
+        Close();
+        file_ = std::fopen(path.c_str(), "rb");
+        if (file_ == nullptr) {
+            error = std::strerror(errno);
+            return false;
+        }
+        source_ = Source{};
+        source_.file = file_;
+        unsigned char signature[8];
+        bool failed = false;
+        if (!readBytes(source_, signature, sizeof signature, failed)) {
+            error = failed ? std::strerror(errno) : "not a PNG file";
+            return false;
+        }
+        if (png_sig_cmp(signature, 0, sizeof signature) != 0) {
+            error = "not a PNG file";
+            return false;
+        }
+        state_ = ReadState{};
+        state_.source = &source_;
+        png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, &state_, onError, onWarning);
+        info_ = png_ != nullptr ? png_create_info_struct(png_) : nullptr;
+        if (info_ == nullptr) {
+            error = "out of memory";
+            return false;
+        }
+        png_set_read_fn(png_, &state_, onRead);
+        png_set_sig_bytes(png_, sizeof signature);
+        if (!readHeader(png_, info_, &header_)) {
+            error = state_.message;
+            return false;
+        }
+        return true;
+    }
+    void Close() {
+        if (png_ != nullptr) {
+            png_destroy_read_struct(&png_, info_ != nullptr ? &info_ : nullptr, nullptr);
+        }
+        png_ = nullptr;
+        info_ = nullptr;
+        if (file_ != nullptr) {
+            std::fclose(file_);
+            file_ = nullptr;
+        }
+    }
+    // Decodes rows into `row`; see decodeInto.
+    bool Decode(unsigned char* row, int count, bool finish, std::string& error) {
+        if (!decodeInto(png_, row, count, finish)) {
+            error = state_.message;
+            return false;
+        }
+        return true;
+    }
+    const Header& GetHeader() const { return header_; }
+
+  private:
+    std::FILE* file_ = nullptr;
+    Source source_;
+    ReadState state_;
+    png_structp png_ = nullptr;
+    png_infop info_ = nullptr;
+    Header header_;
+};
+
+// The rows of a streamed image, decoded from its file as they are asked for.
+class PngRowSource final : public VRKPixelRowSource {
+  public:
+    explicit PngRowSource(std::string path) : path_(std::move(path)) {}
+
+    bool Rewind() override {
+        std::string error;
+        const Header before = file_.GetHeader();
+        if (!file_.Open(path_, error)) {
+            return false;
+        }
+        // The file must still be the one that was checked.
+        const Header& now = file_.GetHeader();
+        return now.width == before.width && now.height == before.height &&
+               now.format == before.format && now.passes == 1;
+    }
+    bool NextRow(unsigned char* row) override {
+        std::string error;
+        if (!file_.Decode(row, 1, false, error)) {
+            return false;
+        }
+        clearPadding(row, file_.GetHeader());
+        return true;
+    }
+    PngFile& File() { return file_; }
+
+  private:
+    std::string path_;
+    PngFile file_;
+};
 
 VRKPixelImage* read(Source& source, std::string& error) {
     unsigned char signature[8];
@@ -201,7 +353,8 @@ VRKPixelImage* read(Source& source, std::string& error) {
     png_set_read_fn(png, &state, onRead);
     png_set_sig_bytes(png, sizeof signature);
 
-    const bool ok = decode(png, info, &state);
+    Header header;
+    const bool ok = readHeader(png, info, &header) && decodeRows(png, &state, &header);
     png_destroy_read_struct(&png, &info, nullptr);
     if (!ok) {
         if (state.image != nullptr) {
@@ -235,6 +388,39 @@ VRKPixelImage* VRKPngReader::ReadFile(const std::string& path, std::string& erro
     source.file = file;
     VRKPixelImage* image = read(source, error);
     std::fclose(file);
+    return image;
+}
+
+VRKPixelImage* VRKPngReader::OpenFile(const std::string& path, std::string& error) {
+    auto source = std::make_unique<PngRowSource>(path);
+    PngFile& file = source->File();
+    if (!file.Open(path, error)) {
+        return nullptr;
+    }
+    const Header header = file.GetHeader();
+    if (header.passes != 1 ||
+        header.rowBytes * static_cast<std::size_t>(header.height) <= kStreamAbove) {
+        file.Close();
+        return ReadFile(path, error);
+    }
+    // Every row decoded once and dropped, and the rest of the file read: an error anywhere in
+    // the file is found now.
+    std::vector<unsigned char> row(header.rowBytes);
+    if (!file.Decode(row.data(), header.height, true, error)) {
+        return nullptr;
+    }
+    if (!source->Rewind()) {
+        error = "the file changed while it was read";
+        return nullptr;
+    }
+    VRKPixelImage* image =
+        VRKPixelImage::CreateStreamed(header.width, header.height, header.format, source.release(),
+                                      header.pixelWidth, header.pixelHeight);
+    if (image == nullptr) {
+        error = "out of memory";
+        return nullptr;
+    }
+    error.clear();
     return image;
 }
 

@@ -33,6 +33,15 @@ class VRKPngReader {
     // Reads the PNG file at `path`. Returns a new image (one reference, owned by the caller), or
     // null with `error` saying what is wrong; never throws and never writes to standard error.
     static VRKPixelImage* ReadFile(const std::string& path, std::string& error);
+    // Like ReadFile, but an image that would take more than kStreamAbove bytes once decoded (and
+    // is not interlaced) is not kept in memory: the whole file is decoded once to check it, row
+    // by row, and the image returned is a streamed one (VRKPixelImage::CreateStreamed) that
+    // decodes its rows again from the file as they are asked for. A large image then costs the
+    // memory of a row instead of all of its pixels, and any error in the file is still reported
+    // here, before the image is used. Smaller and interlaced files are read whole, as ReadFile
+    // reads them.
+    static constexpr std::size_t kStreamAbove = std::size_t{8} << 20;
+    static VRKPixelImage* OpenFile(const std::string& path, std::string& error);
     // The same for a PNG held in memory.
     static VRKPixelImage* ReadMemory(const void* data, std::size_t size, std::string& error);
 };

@@ -1,12 +1,47 @@
 #include "host/job/VRKJobLexer.h"
 
+#include <array>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
 bool isBlank(char c) {
     return c == ' ' || c == '\t';
+}
+
+// What a byte means to the splitter outside a string: part of a word, or one of the bytes that
+// end a word.
+enum ByteClass : std::uint8_t { kWordByte, kBlankByte, kCommentByte, kQuoteByte };
+
+constexpr auto kByteClasses = [] {
+    std::array<ByteClass, 256> classes{};
+    classes[' '] = kBlankByte;
+    classes['\t'] = kBlankByte;
+    classes['#'] = kCommentByte;
+    classes['"'] = kQuoteByte;
+    return classes;
+}();
+
+ByteClass classOf(char c) {
+    return kByteClasses[static_cast<unsigned char>(c)];
+}
+
+// True when no byte of the text has its high bit set: plain ASCII is valid UTF-8, and job
+// lines nearly always are, so the full check runs only on the others. Eight bytes at a time.
+bool isAscii(std::string_view text) {
+    std::size_t i = 0;
+    std::uint64_t bits = 0;
+    for (; i + 8 <= text.size(); i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, text.data() + i, sizeof word);
+        bits |= word;
+    }
+    for (; i < text.size(); ++i) {
+        bits |= static_cast<unsigned char>(text[i]);
+    }
+    return (bits & 0x8080808080808080ull) == 0;
 }
 
 int hexValue(char c) {
@@ -98,41 +133,46 @@ VRKJobToken& VRKJobLexer::NextToken() {
     VRKJobToken& token = tokens_[count_++];
     token.text = {};
     token.isString = false;
-    token.value.clear();
+    if (!token.value.empty()) {
+        token.value.clear();
+    }
     return token;
 }
 
 bool VRKJobLexer::Split(std::string_view line, std::string& error) {
     count_ = 0;
-    const std::size_t bad = firstInvalidUtf8(line);
-    if (bad != std::string_view::npos) {
-        error = "the line is not valid UTF-8 (byte " + std::to_string(bad + 1) + ")";
-        return false;
+    if (!isAscii(line)) {
+        const std::size_t bad = firstInvalidUtf8(line);
+        if (bad != std::string_view::npos) {
+            error = "the line is not valid UTF-8 (byte " + std::to_string(bad + 1) + ")";
+            return false;
+        }
     }
+    const std::size_t n = line.size();
     std::size_t i = 0;
-    while (i < line.size()) {
-        const char c = line[i];
-        if (isBlank(c)) {
+    while (i < n) {
+        const ByteClass kind = classOf(line[i]);
+        if (kind == kBlankByte) {
             ++i;
             continue;
         }
-        if (c == '#') {
+        if (kind == kCommentByte) {
             break;
         }
-        if (c == '"') {
+        if (kind == kQuoteByte) {
             if (!ReadString(line, i, error)) {
                 return false;
             }
             continue;
         }
         const std::size_t start = i;
-        while (i < line.size() && !isBlank(line[i]) && line[i] != '#') {
-            if (line[i] == '"') {
-                error = "a quote inside " + Quote(line.substr(start, i + 1 - start)) +
-                        ": a string must be separated from other tokens by blanks";
-                return false;
-            }
+        while (i < n && classOf(line[i]) == kWordByte) {
             ++i;
+        }
+        if (i < n && line[i] == '"') {
+            error = "a quote inside " + Quote(line.substr(start, i + 1 - start)) +
+                    ": a string must be separated from other tokens by blanks";
+            return false;
         }
         NextToken().text = line.substr(start, i - start);
     }

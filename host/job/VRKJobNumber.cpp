@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <system_error>
 
@@ -78,6 +79,10 @@ bool IsDecimal(std::string_view text) {
 }
 
 Status ParseDouble(std::string_view text, double& value) {
+    const char* const textEnd = text.data() + text.size();
+    if (ScanCommonDecimal(text.data(), textEnd, value) == textEnd) {
+        return Status::kOk;
+    }
     if (!IsDecimal(text)) {
         return Status::kNotANumber;
     }
@@ -109,6 +114,10 @@ Status ParseFloat(std::string_view text, float& value) {
 }
 
 Status ParseInt(std::string_view text, int& value) {
+    const char* const textEnd = text.data() + text.size();
+    if (ScanCommonInt(text.data(), textEnd, value) == textEnd) {
+        return Status::kOk;
+    }
     if (!isInteger(text)) {
         return IsDecimal(text) ? Status::kNotAnInteger : Status::kNotANumber;
     }

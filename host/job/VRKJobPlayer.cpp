@@ -1,11 +1,14 @@
 #include "host/job/VRKJobPlayer.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstring>
-#include <fstream>
+#include <istream>
 
 #include "host/core/VRKPixelImage.h"
 #include "host/core/VRKPrintGenerator.h"
@@ -57,7 +60,69 @@ const VRKJobPlayer::Verb VRKJobPlayer::kVerbs[] = {
     {"SetFillMode", &VRKJobPlayer::DoSetFillMode, "SetFillMode v"},
 };
 
-VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator) {}
+VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator) {
+    for (const Verb& verb : kVerbs) {
+        verbNames_.emplace_back(verb.name);
+    }
+}
+
+class VRKJobPlayer::FileSource final : public Source {
+  public:
+    explicit FileSource(int fd) : fd_(fd) {}
+    ~FileSource() override { ::close(fd_); }
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
+
+    // A read error ends the input like the end of the file: the job then lacks its End, or the
+    // rest of a line, and says so.
+    std::size_t Read(char* data, std::size_t size) override {
+        for (;;) {
+            const ssize_t n = ::read(fd_, data, size);
+            if (n >= 0) {
+                return static_cast<std::size_t>(n);
+            }
+            if (errno != EINTR) {
+                return 0;
+            }
+        }
+    }
+
+  private:
+    int fd_;
+};
+
+class VRKJobPlayer::StreamSource final : public Source {
+  public:
+    explicit StreamSource(std::istream& in) : buffer_(in.rdbuf()) {}
+    // What the stream holds at hand, and only that: a stream that produces its text as it is
+    // asked for (a pipe, a generator of lines) is not made to produce a whole block before the
+    // first line is played. When nothing is at hand, one byte makes the stream fetch more.
+    std::size_t Read(char* data, std::size_t size) override {
+        using Traits = std::char_traits<char>;
+        if (buffer_ == nullptr || size == 0) {
+            return 0;
+        }
+        std::size_t got = 0;
+        if (buffer_->in_avail() <= 0) {
+            const Traits::int_type c = buffer_->sbumpc();
+            if (Traits::eq_int_type(c, Traits::eof())) {
+                return 0;
+            }
+            data[got++] = Traits::to_char_type(c);
+        }
+        const std::streamsize atHand = buffer_->in_avail();
+        if (atHand > 0 && got < size) {
+            const auto want = std::min(static_cast<std::size_t>(atHand), size - got);
+            const std::streamsize n =
+                buffer_->sgetn(data + got, static_cast<std::streamsize>(want));
+            got += n > 0 ? static_cast<std::size_t>(n) : 0;
+        }
+        return got;
+    }
+
+  private:
+    std::streambuf* buffer_;
+};
 
 bool VRKJobPlayer::PlayFile(const std::string& path) {
     error_ = VRKJobError{path, 0, {}};
@@ -70,26 +135,37 @@ bool VRKJobPlayer::PlayFile(const std::string& path) {
         error_.message = "cannot open the job file: it is a folder";
         return false;
     }
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
         error_.message = std::string("cannot open the job file: ") + std::strerror(errno);
         return false;
     }
-    return Play(in, path, folderOf(path));
+    // The file is read once from start to end: the kernel may read ahead and drop what was read.
+    ::posix_fadvise(fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    FileSource source(fd);
+    return PlaySource(source, path, folderOf(path));
 }
 
 bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
                         const std::string& baseFolder) {
+    StreamSource source(in);
+    return PlaySource(source, fileName, baseFolder);
+}
+
+bool VRKJobPlayer::PlaySource(Source& source, const std::string& fileName,
+                              const std::string& baseFolder) {
     error_ = VRKJobError{fileName, 0, {}};
     baseFolder_ = baseFolder;
     state_ = State::kBeforeBegin;
     beginLine_ = endLine_ = 0;
     params_ = VRKPrintParameters();
     line_ = 0;
+    begin_ = end_ = scanned_ = 0;
+    atEnd_ = false;
 
-    std::string line;
+    std::string_view line;
     for (;;) {
-        const LineRead read = ReadLine(in, line);
+        const LineRead read = NextLine(source, line);
         if (read == LineRead::kEnd) {
             break;
         }
@@ -101,7 +177,7 @@ bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
             return Fail("the line is longer than " + std::to_string(maxLineLength_) + " bytes");
         }
         if (!line.empty() && line.back() == '\r') {
-            line.pop_back();
+            line.remove_suffix(1);
         }
         if (!PlayLine(line, line_)) {
             return false;
@@ -121,30 +197,56 @@ bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,
     return true;
 }
 
-// A line is read byte by byte from the stream's buffer rather than with std::getline, so that a
-// file without line ends (a device, a damaged file) stops at the length limit instead of filling
-// memory.
-VRKJobPlayer::LineRead VRKJobPlayer::ReadLine(std::istream& in, std::string& line) const {
-    using Traits = std::char_traits<char>;
-    line.clear();
-    std::streambuf* buffer = in.rdbuf();
-    if (buffer == nullptr) {
-        return LineRead::kEnd;
-    }
-    bool any = false;
+// Lines are cut out of a buffer filled a block at a time, and the buffer grows only while a line
+// does not fit: a file without line ends (a device, a damaged file) stops at the length limit
+// instead of filling memory.
+VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& line) {
+    constexpr std::size_t kBlock = std::size_t{1} << 18;
     for (;;) {
-        const Traits::int_type c = buffer->sbumpc();
-        if (Traits::eq_int_type(c, Traits::eof())) {
-            return any ? LineRead::kLine : LineRead::kEnd;
+        const char* const data = buffer_.data();
+        const void* lf =
+            scanned_ < end_ ? std::memchr(data + scanned_, '\n', end_ - scanned_) : nullptr;
+        if (lf != nullptr) {
+            const auto at = static_cast<std::size_t>(static_cast<const char*>(lf) - data);
+            line = std::string_view(data + begin_, at - begin_);
+            begin_ = scanned_ = at + 1;
+            return line.size() > maxLineLength_ ? LineRead::kTooLong : LineRead::kLine;
         }
-        any = true;
-        if (c == '\n') {
-            return LineRead::kLine;
-        }
-        if (line.size() >= maxLineLength_) {
+        scanned_ = end_;
+        if (end_ - begin_ > maxLineLength_) {
             return LineRead::kTooLong;
         }
-        line.push_back(Traits::to_char_type(c));
+        if (atEnd_) {
+            if (begin_ == end_) {
+                return LineRead::kEnd;
+            }
+            // The last line, without a line end. A line end is put after it all the same: the
+            // quick reading of common lines counts on a byte past every line that ends a word.
+            if (end_ == buffer_.size()) {
+                buffer_.push_back('\n');
+            } else {
+                buffer_[end_] = '\n';
+            }
+            line = std::string_view(buffer_.data() + begin_, end_ - begin_);
+            begin_ = scanned_ = end_;
+            return LineRead::kLine;
+        }
+        // Room for a block behind the unplayed bytes: move them to the front, and grow the
+        // buffer when they fill most of it.
+        const std::size_t pending = end_ - begin_;
+        if (begin_ > 0) {
+            std::memmove(buffer_.data(), buffer_.data() + begin_, pending);
+            begin_ = 0;
+            end_ = scanned_ = pending;
+        }
+        if (buffer_.size() - end_ < kBlock / 2) {
+            buffer_.resize(std::max(buffer_.size() * 2, kBlock));
+        }
+        const std::size_t got = source.Read(buffer_.data() + end_, buffer_.size() - end_);
+        if (got == 0) {
+            atEnd_ = true;
+        }
+        end_ += got;
     }
 }
 
@@ -155,9 +257,23 @@ bool VRKJobPlayer::Fail(std::string message) {
 }
 
 const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
-    for (const Verb& verb : kVerbs) {
-        if (name == verb.name) {
-            return &verb;
+    // Jobs repeat a verb line after line: the verb of the previous line is tried first, byte by
+    // byte (a verb is a short word; a library call to compare it would cost more).
+    if (verb_ != nullptr) {
+        const std::string_view previous = verbNames_[static_cast<std::size_t>(verb_ - kVerbs)];
+        if (previous.size() == name.size()) {
+            std::size_t i = 0;
+            while (i < name.size() && previous[i] == name[i]) {
+                ++i;
+            }
+            if (i == name.size()) {
+                return verb_;
+            }
+        }
+    }
+    for (std::size_t i = 0; i < verbNames_.size(); ++i) {
+        if (verbNames_[i] == name) {
+            return &kVerbs[i];
         }
     }
     return nullptr;
@@ -166,6 +282,12 @@ const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
 bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
     if (lineNumber == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") {
         return Fail("the file starts with a byte order mark; job files are UTF-8 without one");
+    }
+    if (state_ == State::kInJob && PlayCommonLine(line)) {
+        if (generator_.HasFailed()) {
+            return Fail(std::string("the generator failed in ") + verb_->name);
+        }
+        return true;
     }
     std::string lexError;
     if (!lexer_.Split(line, lexError)) {
@@ -215,6 +337,202 @@ bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
         return Fail(std::string("the generator failed in ") + verb_->name);
     }
     return true;
+}
+
+namespace {
+
+// Reads the numbers of a line of plain numbers: each number stands between blanks, and anything
+// else (a comment, a string, a word, a number in an uncommon form) stops the reading. The byte
+// just past the line is readable and is a line end (LF, or the CR before it), which ends every
+// digit run and every run of blanks: the loops need not watch for the end of the line.
+class NumberScanner {
+  public:
+    NumberScanner(const char* p, const char* end) : p_(p), end_(end) {}
+
+    bool Float(float& value) {
+        double v = 0.0;
+        if (!SkipBlanks()) {
+            return false;
+        }
+        p_ = ScanDecimal(p_, v);
+        value = static_cast<float>(v);
+        return p_ != nullptr && AtSeparator();
+    }
+    bool Int(int& value) {
+        if (!SkipBlanks()) {
+            return false;
+        }
+        p_ = VRKJobNumber::ScanCommonInt(p_, end_, value);
+        return p_ != nullptr && AtSeparator();
+    }
+    // True when only blanks are left.
+    bool AtEnd() {
+        while (isBlank(*p_)) {
+            ++p_;
+        }
+        return p_ == end_;
+    }
+
+  private:
+    static bool isBlank(char c) { return c == ' ' || c == '\t'; }
+    static bool isDigit(char c) { return static_cast<unsigned>(c - '0') < 10u; }
+
+    // Past at least one blank (the verb or the previous number ends there); false at the end.
+    bool SkipBlanks() {
+        if (!isBlank(*p_)) {
+            return false;
+        }
+        do {
+            ++p_;
+        } while (isBlank(*p_));
+        return p_ != end_;
+    }
+    bool AtSeparator() const { return p_ == end_ || isBlank(*p_); }
+
+    // The number at `start` in the common form without exponent, read as ScanCommonDecimal
+    // reads it (the same digits and the same power of ten give the same value); any other form
+    // goes to ScanCommonDecimal itself.
+    const char* ScanDecimal(const char* start, double& value) const {
+        const char* p = start;
+        const bool negative = *p == '-';
+        if (*p == '-' || *p == '+') {
+            ++p;
+        }
+        const char* const first = p;
+        std::uint64_t digits = 0;
+        while (isDigit(*p)) {
+            digits = digits * 10 + static_cast<unsigned>(*p - '0');
+            ++p;
+        }
+        int count = static_cast<int>(p - first);
+        int decimals = 0;
+        if (*p == '.') {
+            ++p;
+            const char* const fraction = p;
+            while (isDigit(*p)) {
+                digits = digits * 10 + static_cast<unsigned>(*p - '0');
+                ++p;
+            }
+            decimals = static_cast<int>(p - fraction);
+            count += decimals;
+        }
+        if (count == 0 || count > 19 || *p == 'e' || *p == 'E' || decimals > 22 ||
+            digits > (std::uint64_t{1} << 53)) {
+            return VRKJobNumber::ScanCommonDecimal(start, end_, value);
+        }
+        const double v = static_cast<double>(digits) / VRKJobNumber::kExactPowersOfTen[decimals];
+        value = negative ? -v : v;
+        return p;
+    }
+
+    const char* p_;
+    const char* end_;
+};
+
+}  // namespace
+
+bool VRKJobPlayer::PlayCommonLine(std::string_view line) {
+    const char* const end = line.data() + line.size();
+    const char* p = line.data();
+    // Most lines repeat the verb of the line before: it is compared in place, and then only a
+    // blank (or the line end past the line) may follow it.
+    const Verb* verb = verb_;
+    if (verb != nullptr) {
+        const std::string_view previous = verbNames_[static_cast<std::size_t>(verb - kVerbs)];
+        std::size_t i = 0;
+        while (i < previous.size() && i < line.size() && line[i] == previous[i]) {
+            ++i;
+        }
+        if (i == previous.size() && (p[i] == ' ' || p[i] == '\t' || i == line.size())) {
+            p += i;
+        } else {
+            verb = nullptr;
+        }
+    }
+    if (verb == nullptr) {
+        while (p != end && *p != ' ' && *p != '\t') {
+            ++p;
+        }
+        verb = FindVerb(std::string_view(line.data(), static_cast<std::size_t>(p - line.data())));
+        if (verb == nullptr) {
+            return false;
+        }
+    }
+    NumberScanner scan(p, end);
+    const Handler handler = verb->handler;
+    if (handler == &VRKJobPlayer::DoLineTo || handler == &VRKJobPlayer::DoMoveTo) {
+        float x = 0.0f, y = 0.0f;
+        if (!scan.Float(x) || !scan.Float(y) || !scan.AtEnd()) {
+            return false;
+        }
+        verb_ = verb;
+        if (handler == &VRKJobPlayer::DoLineTo) {
+            generator_.LineTo(x, y);
+        } else {
+            generator_.MoveTo(x, y);
+        }
+        return true;
+    }
+    if (handler == &VRKJobPlayer::DoDrawArcCircle) {
+        float v[5] = {};
+        int filled = 0;
+        for (float& value : v) {
+            if (!scan.Float(value)) {
+                return false;
+            }
+        }
+        if (!scan.Int(filled) || !scan.AtEnd() || (filled != 0 && filled != 1)) {
+            return false;
+        }
+        verb_ = verb;
+        generator_.DrawArcCircle(v[0], v[1], v[2], v[3], v[4], filled);
+        return true;
+    }
+    if (handler == &VRKJobPlayer::DoFillArea) {
+        int polygons = 0;
+        if (!scan.Int(polygons) || polygons < 0 || polygons > (1 << 20)) {
+            return false;
+        }
+        counts_.resize(static_cast<std::size_t>(polygons));
+        long long total = 0;
+        for (int& count : counts_) {
+            if (!scan.Int(count) || count < 0) {
+                return false;
+            }
+            total += count;
+        }
+        // The line's length bounds the coordinates it can hold: two bytes each at least.
+        if (2 * total > static_cast<long long>(line.size())) {
+            return false;
+        }
+        points_.resize(static_cast<std::size_t>(2 * total));
+        for (float& value : points_) {
+            if (!scan.Float(value)) {
+                return false;
+            }
+        }
+        if (!scan.AtEnd()) {
+            return false;
+        }
+        verb_ = verb;
+        generator_.FillArea(polygons, counts_.data(), points_.data());
+        return true;
+    }
+    if (handler == &VRKJobPlayer::DoSelectDrawColor ||
+        handler == &VRKJobPlayer::DoSelectFillColor) {
+        int index = 0;
+        if (!scan.Int(index) || !scan.AtEnd()) {
+            return false;
+        }
+        verb_ = verb;
+        if (handler == &VRKJobPlayer::DoSelectDrawColor) {
+            generator_.SelectDrawColor(index);
+        } else {
+            generator_.SelectFillColor(index);
+        }
+        return true;
+    }
+    return false;
 }
 
 // ---- Arguments -------------------------------------------------------------------------------
@@ -621,7 +939,7 @@ bool VRKJobPlayer::DoDrawBitmap() {
         path = (baseFolder_.back() == '/' ? baseFolder_ : baseFolder_ + "/") + path;
     }
     std::string error;
-    VRKPixelImage* image = VRKPngReader::ReadFile(path, error);
+    VRKPixelImage* image = VRKPngReader::OpenFile(path, error);
     if (image == nullptr) {
         return Fail("DrawBitmap: cannot read the bitmap " + VRKJobLexer::Quote(path) + ": " +
                     error);

@@ -58,8 +58,26 @@ class VRKJobPlayer {
     };
     static const Verb kVerbs[];
 
-    LineRead ReadLine(std::istream& in, std::string& line) const;
+    // Where the job's bytes come from: a file or a stream, read a block at a time.
+    class Source {
+      public:
+        virtual ~Source() = default;
+        // Up to `size` bytes into `data`; 0 at the end of the input.
+        virtual std::size_t Read(char* data, std::size_t size) = 0;
+    };
+    class FileSource;
+    class StreamSource;
+
+    bool PlaySource(Source& source, const std::string& fileName, const std::string& baseFolder);
+    // The next line, without its LF, as a view into the read buffer that stays valid until the
+    // next call.
+    LineRead NextLine(Source& source, std::string_view& line);
     bool PlayLine(std::string_view line, int lineNumber);
+    // Plays the lines that make up nearly all of a large drawing (moves, lines, circles, fills,
+    // colour choices) when they hold plain numbers and nothing else, reading the numbers straight
+    // from the line. False, without a call, for any line it does not take: the general path
+    // then plays the line or reports what is wrong with it.
+    bool PlayCommonLine(std::string_view line);
     bool Fail(std::string message);
     bool FailArgument(std::string_view what);
     const Verb* FindVerb(std::string_view name) const;
@@ -120,7 +138,16 @@ class VRKJobPlayer {
     VRKPrintParameters params_;
     std::string baseFolder_;
     VRKJobError error_;
+    // The read buffer: bytes [begin_, end_) are read and not yet played, and those before
+    // scanned_ hold no LF. It grows only for a line longer than itself.
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    std::size_t scanned_ = 0;
+    bool atEnd_ = false;
     // Scratch arrays of the current line, kept between lines for their memory.
     std::vector<float> points_;
     std::vector<int> counts_;
+    // The verb table's names as views, for the comparisons of every line.
+    std::vector<std::string_view> verbNames_;
 };

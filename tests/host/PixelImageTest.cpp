@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <string>
 
@@ -240,6 +241,96 @@ TEST(PixelImage, ReferenceCounting) {
     EXPECT_EQ(image->AddRef(), 2u);
     EXPECT_EQ(image->Release(), 1u);
     EXPECT_EQ(image->Release(), 0u);
+}
+
+}  // namespace
+
+namespace {
+
+// Rows y = 0, 1, 2... whose bytes are all y + 1, counting how often the source starts again.
+class CountingRows final : public VRKPixelRowSource {
+  public:
+    CountingRows(std::size_t rowBytes, int* rewinds) : rowBytes_(rowBytes), rewinds_(rewinds) {}
+    bool NextRow(unsigned char* row) override {
+        std::memset(row, next_ + 1, rowBytes_);
+        ++next_;
+        return true;
+    }
+    bool Rewind() override {
+        ++*rewinds_;
+        next_ = 0;
+        return true;
+    }
+
+  private:
+    std::size_t rowBytes_;
+    int* rewinds_;
+    int next_ = 0;
+};
+
+Image streamed(int width, int height, int* rewinds) {
+    return Image(VRKPixelImage::CreateStreamed(width, height, VRKPixelImage::kRGB8,
+                                               new CountingRows(3 * width, rewinds), 0.5f, 0.25f));
+}
+
+TEST(StreamedPixelImage, RowsComeFromTheSourceInOrder) {
+    int rewinds = 0;
+    Image image = streamed(2, 3, &rewinds);
+    ASSERT_NE(image, nullptr);
+    EXPECT_TRUE(image->IsStreamed());
+    EXPECT_EQ(image->GetPixelWidth(), 0.5f);
+    const VRKPixelImage& view = *image;
+    EXPECT_EQ(view.GetRow(0)[0], 1);
+    EXPECT_EQ(view.GetRow(0)[5], 1);
+    EXPECT_EQ(view.GetRow(2)[0], 3);  // row 1 read and passed over
+    EXPECT_EQ(view.GetRow(3), nullptr);
+    EXPECT_EQ(rewinds, 0);
+    EXPECT_EQ(view.GetRow(1)[0], 2);  // an earlier row starts the source again
+    EXPECT_EQ(rewinds, 1);
+}
+
+TEST(StreamedPixelImage, ChangingPixelsReadsTheImageIntoMemory) {
+    int rewinds = 0;
+    Image image = streamed(2, 3, &rewinds);
+    ASSERT_NE(image, nullptr);
+    unsigned char* row = image->GetRow(1);
+    ASSERT_NE(row, nullptr);
+    EXPECT_FALSE(image->IsStreamed());
+    row[0] = 9;
+    EXPECT_EQ(image->GetRow(1)[0], 9);
+    EXPECT_EQ(image->GetRow(2)[0], 3);
+}
+
+TEST(StreamedPixelImage, DerivedImagesAreThoseOfTheSamePixelsInMemory) {
+    int rewinds = 0;
+    Image image = streamed(3, 4, &rewinds);
+    std::string bytes;
+    for (int y = 0; y < 4; ++y) {
+        bytes += std::string(9, static_cast<char>(y + 1));
+    }
+    Image held = make(3, 4, VRKPixelImage::kRGB8, bytes);
+    Image sub(image->GetSubImage(1, 1, 2, 2));
+    Image heldSub(held->GetSubImage(1, 1, 2, 2));
+    ASSERT_NE(sub, nullptr);
+    Image turned(image->CreateRotated180());
+    Image heldTurned(held->CreateRotated180());
+    ASSERT_NE(turned, nullptr);
+    for (int y = 0; y < 2; ++y) {
+        EXPECT_EQ(std::string(reinterpret_cast<const char*>(sub->GetRow(y)), 6),
+                  std::string(reinterpret_cast<const char*>(heldSub->GetRow(y)), 6));
+    }
+    for (int y = 0; y < 4; ++y) {
+        EXPECT_EQ(std::string(reinterpret_cast<const char*>(turned->GetRow(y)), 9),
+                  std::string(reinterpret_cast<const char*>(heldTurned->GetRow(y)), 9));
+    }
+}
+
+TEST(StreamedPixelImage, NeedsASource) {
+    EXPECT_EQ(VRKPixelImage::CreateStreamed(2, 2, VRKPixelImage::kRGB8, nullptr), nullptr);
+    int rewinds = 0;
+    EXPECT_EQ(VRKPixelImage::CreateStreamed(2, 2, VRKPixelImage::kUnsupported,
+                                            new CountingRows(6, &rewinds)),
+              nullptr);
 }
 
 }  // namespace

@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstring>
 #include <locale>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "host/core/VRKPrintMemoryStream.h"
 
@@ -45,6 +51,68 @@ struct CommaDecimal : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }
 };
+
+// The fixed notation is formatted without std::to_chars for most values; every digit must still
+// be the one std::to_chars writes (the exact value rounded, ties to even).
+TEST(PrintStream, FixedNotationMatchesToChars) {
+    std::vector<double> values = {0.0,    -0.0,  0.125,  0.375,      2.675,   -2.675,  0.005,
+                                  -0.005, 0.015, 1e-300, -1e-300,    5e-324,  0.5,     1.5,
+                                  2.5,    -0.5,  99.995, 123456.785, 1e15,    9.0e15,  -9.0e15,
+                                  1e17,   1e22,  1e300,  -1e300,     33640.0, 47560.0, 0.0049999};
+    std::mt19937_64 random(5);
+    for (int i = 0; i < 20000; ++i) {
+        // Random bit patterns over every magnitude, and values of a plotter's range.
+        const auto bits = random();
+        double v;
+        std::memcpy(&v, &bits, sizeof v);
+        if (std::isfinite(v)) {
+            values.push_back(v);
+        }
+        values.push_back(static_cast<double>(static_cast<float>((random() % 4000000) / 100.0)) *
+                         40.0);
+        values.push_back(static_cast<double>(random() % 200000) / 1000.0 - 100.0);
+        values.push_back(static_cast<double>(random() % 100000) / 8.0);
+    }
+    for (int decimals = 0; decimals <= 7; ++decimals) {
+        VRKPrintMemoryStream s;
+        s.SetFixed(decimals);
+        std::string expected;
+        for (const double v : values) {
+            char text[400];
+            const auto r =
+                std::to_chars(text, text + sizeof text, v, std::chars_format::fixed, decimals);
+            expected.append(text, r.ptr);
+            expected += ';';
+            s.WriteFloat(v);
+            s.Put(';');
+        }
+        EXPECT_EQ(s.Data(), expected) << decimals << " decimals";
+    }
+}
+
+// Integers are formatted without std::to_chars below 10^8; every digit must be the same.
+TEST(PrintStream, IntegersMatchToChars) {
+    std::vector<long long> values = {0,         1,         9,         10,         99,
+                                     100,       12345678,  99999999,  100000000,  100000001,
+                                     -1,        -10,       -99999999, -100000000, 4294967296LL,
+                                     LLONG_MAX, LLONG_MIN, 1000,      10000,      10001};
+    std::mt19937_64 random(9);
+    for (int i = 0; i < 20000; ++i) {
+        values.push_back(static_cast<long long>(random() % 200000000) - 100000000);
+        values.push_back(static_cast<long long>(random() % 100000));
+        values.push_back(static_cast<long long>(random()));
+    }
+    VRKPrintMemoryStream s;
+    std::string expected;
+    for (const long long v : values) {
+        char text[32];
+        expected.append(text, std::to_chars(text, text + sizeof text, v).ptr);
+        expected += ',';
+        s.WriteInt(v);
+        s.Put(',');
+    }
+    EXPECT_EQ(s.Data(), expected);
+}
 
 TEST(PrintStream, ProcessLocaleDoesNotChangeAByte) {
     const std::locale previous =

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <string>
 
@@ -236,6 +237,71 @@ TEST(PngReader, FileErrors) {
     const std::string text = folder.Write("text.png", "not really");
     EXPECT_EQ(VRKPngReader::ReadFile(text, error), nullptr);
     EXPECT_EQ(error, "not a PNG file");
+}
+
+}  // namespace
+
+namespace {
+
+// An RGB file of 1,600 by 2,000 pixels (9.6 MB of pixels, above the streaming limit): row y is
+// filled with bytes y % 251, every row unfiltered.
+std::string largeRgbPng() {
+    const int width = 1600, height = 2000;
+    std::string scanlines;
+    scanlines.reserve(static_cast<std::size_t>(height) * (3 * width + 1));
+    for (int y = 0; y < height; ++y) {
+        scanlines += '\0';
+        scanlines.append(3 * width, static_cast<char>(y % 251));
+    }
+    return TestPng::Build(width, height, 8, kRGB, scanlines);
+}
+
+TEST(PngReaderOpenFile, LargeImagesAreStreamedWithTheSamePixels) {
+    TempFolder folder("png");
+    const std::string path = folder.Write("large.png", largeRgbPng());
+    std::string error;
+    Image streamed(VRKPngReader::OpenFile(path, error));
+    ASSERT_NE(streamed, nullptr) << error;
+    EXPECT_TRUE(streamed->IsStreamed());
+    Image whole(VRKPngReader::ReadFile(path, error));
+    ASSERT_NE(whole, nullptr) << error;
+    EXPECT_EQ(streamed->GetWidth(), 1600);
+    EXPECT_EQ(streamed->GetHeight(), 2000);
+    EXPECT_EQ(streamed->GetFormat(), VRKPixelImage::kRGB8);
+    const VRKPixelImage& view = *streamed;
+    for (int y : {0, 1, 250, 1999, 3}) {
+        ASSERT_NE(view.GetRow(y), nullptr) << y;
+        EXPECT_EQ(std::memcmp(view.GetRow(y), whole->GetRow(y), 4800), 0) << y;
+    }
+}
+
+TEST(PngReaderOpenFile, ErrorsAnywhereInALargeFileAreFoundAtOnce) {
+    TempFolder folder("png");
+    std::string bytes = largeRgbPng();
+    // A byte of the last rows changed: the IDAT CRC no longer matches.
+    bytes[bytes.size() - 100] ^= 0x55;
+    const std::string path = folder.Write("broken.png", bytes);
+    std::string streamError, wholeError;
+    Image streamed(VRKPngReader::OpenFile(path, streamError));
+    EXPECT_EQ(streamed, nullptr);
+    Image whole(VRKPngReader::ReadFile(path, wholeError));
+    EXPECT_EQ(whole, nullptr);
+    EXPECT_EQ(streamError, wholeError);
+    EXPECT_NE(streamError, "");
+}
+
+TEST(PngReaderOpenFile, SmallImagesAreReadWhole) {
+    TempFolder folder("png");
+    const std::string path =
+        folder.Write("small.png", TestPng::Build(1, 1, 8, kGrey, std::string("\0\x7F", 2)));
+    std::string error;
+    Image image(VRKPngReader::OpenFile(path, error));
+    ASSERT_NE(image, nullptr) << error;
+    EXPECT_FALSE(image->IsStreamed());
+    EXPECT_EQ(image->GetRow(0)[0], 0x7F);
+    Image missing(VRKPngReader::OpenFile(folder.File("none.png"), error));
+    EXPECT_EQ(missing, nullptr);
+    EXPECT_NE(error, "");
 }
 
 }  // namespace

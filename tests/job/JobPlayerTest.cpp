@@ -638,3 +638,66 @@ TEST(JobPlayerHPGL2, MovesAndLines) {
 }
 
 }  // namespace
+
+namespace {
+
+// Lines of plain numbers are read straight from the line; the same line with a comment after it
+// goes through the lexer. Both must make the same call with the same values.
+TEST(JobPlayerCommonLines, SameCallsAsTheLexedLines) {
+    const std::vector<std::string> lines = {
+        "LineTo 1.5 -2",
+        "MoveTo\t+.5   7.",
+        "LineTo 0.1 0.30000000000000004441",
+        "LineTo 1e3 -2.5E-2",
+        "LineTo 123456789012345678901 1e30",
+        "LineTo 3.4028234663852886e38 -0",
+        "LineTo 0.000000000000000000000001 12345.678",
+        "DrawArcCircle 10 20 5 0 6.283185307179586 1",
+        "DrawArcCircle 10 20 5 0 6.283185307179586 0",
+        "FillArea 2 3 4  0 0 10 0 5 5  20 20 30 20 30 30 20 30",
+        "FillArea 1 0",
+        "FillArea 0",
+        "SelectDrawColor +7",
+        "SelectFillColor -3",
+        "SelectDrawColor 2147483647",
+    };
+    for (const std::string& line : lines) {
+        EXPECT_EQ(play("Begin\n" + line + "\nEnd\n"), play("Begin\n" + line + " # lexed\nEnd\n"))
+            << line;
+    }
+}
+
+// A common line at the very end of the file, without a line end, is read like any other.
+TEST(JobPlayerCommonLines, LastLineWithoutLineEnd) {
+    EXPECT_EQ(play("Begin\nLineTo 1.5 2"), play("Begin\nLineTo 1.5 2 # lexed"));
+    EXPECT_EQ(play("Begin\nSelectDrawColor 3"), play("Begin\nSelectDrawColor 3 # lexed"));
+    EXPECT_EQ(play("Begin\nLineTo 1.5 2\r"), play("Begin\nLineTo 1.5 2 # lexed\r"));
+}
+
+// A line too long for the limit makes no call, even with the verb of the line before.
+TEST(JobPlayerCommonLines, LengthLimitComesFirst) {
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    player.SetMaxLineLength(12);
+    std::istringstream in("Begin\nLineTo 1 2\nLineTo 1.5 2.25\nEnd\n");
+    EXPECT_FALSE(player.Play(in, "JOB", ""));
+    EXPECT_EQ(player.GetError().ToString(), "JOB:3: the line is longer than 12 bytes");
+    ASSERT_EQ(generator.calls.size(), 2u);
+    EXPECT_EQ(generator.calls[1], "LineTo 1 2");
+}
+
+// Lines that look common but are not keep the errors of the general path.
+TEST(JobPlayerCommonLines, UncommonLinesKeepTheirErrors) {
+    EXPECT_EQ(errorOfLine("LineTo 1 2 3"), "JOB:2: LineTo: extra argument '3'; usage: LineTo x y");
+    EXPECT_EQ(errorOfLine("LineTo 1e39 2"), "JOB:2: LineTo: '1e39' is beyond the range of a float");
+    EXPECT_EQ(errorOfLine("DrawArcCircle 1 2 3 0 1 2"),
+              "JOB:2: DrawArcCircle: filled must be 0 or 1; usage: DrawArcCircle cx cy r start "
+              "end filled");
+    EXPECT_EQ(errorOfLine("SelectDrawColor 2147483648"),
+              "JOB:2: SelectDrawColor: '2147483648' is beyond the range of an integer");
+    EXPECT_EQ(errorOfLine("FillArea 1 3 0 0 1 0"),
+              "JOB:2: FillArea: the 1 polygon has 3 points, which need 6 coordinates; 4 given");
+    EXPECT_EQ(errorOf("LineTo 1 2\n"), "JOB:1: LineTo before Begin");
+}
+
+}  // namespace
