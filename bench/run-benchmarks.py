@@ -142,6 +142,11 @@ def bench_workload(name, runs, peer):
     # One warm-up round, then the rounds that count, the programs alternating in each.
     for round_index in range(runs + 1):
         for program, cmd in programs.items():
+            # Each run writes a new file, for both programs alike. Replacing the previous run's
+            # plot would time the file system freeing it (on a disk mounted with discard, 5 to
+            # 10 ms for a 10 MB file), which is no part of either program's work.
+            if os.path.exists(outs[program]):
+                os.remove(outs[program])
             t = timed(cmd, outs[program])
             if round_index > 0:
                 times[program].append(t)
