@@ -12,6 +12,7 @@
 #include "host/core/VRKSerialize.h"
 #include "host/core/VRKSmartRef.h"
 #include "host/core/VRKTIEMarshallableCorba.h"
+#include "host/core/VRKTieFactory.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
 #include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHP1055CProperties.h"
@@ -99,11 +100,7 @@ bool unmarshalBase(int bufferId, const char* name, VRKPrintHP1055CProperties* re
 
 extern "C" VRKBaseUnknown* CreateTIEVRKMarshallableCorbaVRKMarshalHP1055CProperties(
     VRKDataExtension* implementation) {
-    auto* marshaller = dynamic_cast<VRKMarshalHP1055CProperties*>(implementation);
-    if (marshaller == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEMarshallableCorba<VRKMarshalHP1055CProperties>(marshaller);
+    return VRKMakeTie<VRKTIEMarshallableCorba, VRKMarshalHP1055CProperties>(implementation);
 }
 
 int VRKMarshalHP1055CProperties::Marshal(int bufferId, int creationFlag) {

@@ -12,6 +12,7 @@
 #include "host/core/VRKMarshallableCorba.h"
 #include "host/core/VRKSerialize.h"
 #include "host/core/VRKTIEMarshallableCorba.h"
+#include "host/core/VRKTieFactory.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
 #include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHPGL2Properties.h"
@@ -107,11 +108,7 @@ bool unmarshalAggregate(int bufferId, VRKPrintHPGLProperties* penTable) {
 
 extern "C" VRKBaseUnknown* CreateTIEVRKMarshallableCorbaVRKMarshalHPGL2Properties(
     VRKDataExtension* implementation) {
-    auto* marshaller = dynamic_cast<VRKMarshalHPGL2Properties*>(implementation);
-    if (marshaller == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEMarshallableCorba<VRKMarshalHPGL2Properties>(marshaller);
+    return VRKMakeTie<VRKTIEMarshallableCorba, VRKMarshalHPGL2Properties>(implementation);
 }
 
 int VRKMarshalHPGL2Properties::Marshal(int bufferId, int creationFlag) {

@@ -8,6 +8,7 @@
 #include "host/core/VRKMarshal.h"
 #include "host/core/VRKMarshalBuffer.h"
 #include "host/core/VRKTIEMarshallableCorba.h"
+#include "host/core/VRKTieFactory.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
 #include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHPGLProperties.h"
@@ -41,11 +42,7 @@ const VRKInterfaceRegistration registration({
 
 extern "C" VRKBaseUnknown* CreateTIEVRKMarshallableCorbaVRKMarshalHPGLProperties(
     VRKDataExtension* implementation) {
-    auto* marshaller = dynamic_cast<VRKMarshalHPGLProperties*>(implementation);
-    if (marshaller == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEMarshallableCorba<VRKMarshalHPGLProperties>(marshaller);
+    return VRKMakeTie<VRKTIEMarshallableCorba, VRKMarshalHPGLProperties>(implementation);
 }
 
 int VRKMarshalHPGLProperties::Marshal(int bufferId, int creationFlag) {

@@ -4,6 +4,7 @@
 
 #include "designjet/VRKPrintHP1055CGenerator.h"
 #include "host/core/VRKInterfaceRegistration.h"
+#include "host/core/VRKTieFactory.h"
 #include "properties/VRKPrintHP1055CProperties.h"
 #include "properties/VRKPropertiesXmlReader.h"
 #include "properties/VRKPropertiesXmlWriter.h"
@@ -14,11 +15,7 @@ VRK_DEFINE_CLASS(VRKPrintHP1055CGeneratorImpl, VRKDataExtension, "VRKPrintHP1055
 
 VRKBaseUnknown* CreateTIEVRKIPrtGeneratorPropertiesVRKPrintHP1055CGeneratorImpl(
     VRKDataExtension* implementation) {
-    auto* impl = dynamic_cast<VRKPrintHP1055CGeneratorImpl*>(implementation);
-    if (impl == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEIPrtGeneratorProperties<VRKPrintHP1055CGeneratorImpl>(impl);
+    return VRKMakeTie<VRKTIEIPrtGeneratorProperties, VRKPrintHP1055CGeneratorImpl>(implementation);
 }
 
 namespace {

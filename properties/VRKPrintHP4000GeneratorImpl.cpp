@@ -4,6 +4,7 @@
 
 #include "designjet/VRKPrintHP4000Generator.h"
 #include "host/core/VRKInterfaceRegistration.h"
+#include "host/core/VRKTieFactory.h"
 #include "properties/VRKPrintHP4000Properties.h"
 #include "properties/VRKPropertiesXmlReader.h"
 #include "properties/VRKPropertiesXmlWriter.h"
@@ -13,11 +14,7 @@ VRK_DEFINE_CLASS(VRKPrintHP4000GeneratorImpl, VRKDataExtension, "VRKPrintHP4000G
 
 VRKBaseUnknown* CreateTIEVRKIPrtGeneratorPropertiesVRKPrintHP4000GeneratorImpl(
     VRKDataExtension* implementation) {
-    auto* impl = dynamic_cast<VRKPrintHP4000GeneratorImpl*>(implementation);
-    if (impl == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEIPrtGeneratorProperties<VRKPrintHP4000GeneratorImpl>(impl);
+    return VRKMakeTie<VRKTIEIPrtGeneratorProperties, VRKPrintHP4000GeneratorImpl>(implementation);
 }
 
 namespace {

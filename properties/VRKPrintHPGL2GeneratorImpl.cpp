@@ -4,6 +4,7 @@
 
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKInterfaceRegistration.h"
+#include "host/core/VRKTieFactory.h"
 #include "host/xml/VRKIDOMElement.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHPGLProperties.h"
@@ -16,11 +17,7 @@ VRK_DEFINE_CLASS(VRKPrintHPGL2GeneratorImpl, VRKDataExtension, "VRKPrintHPGL2Gen
 
 VRKBaseUnknown* CreateTIEVRKIPrtGeneratorPropertiesVRKPrintHPGL2GeneratorImpl(
     VRKDataExtension* implementation) {
-    auto* impl = dynamic_cast<VRKPrintHPGL2GeneratorImpl*>(implementation);
-    if (impl == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEIPrtGeneratorProperties<VRKPrintHPGL2GeneratorImpl>(impl);
+    return VRKMakeTie<VRKTIEIPrtGeneratorProperties, VRKPrintHPGL2GeneratorImpl>(implementation);
 }
 
 namespace {

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "host/core/VRKInterfaceRegistration.h"
+#include "host/core/VRKTieFactory.h"
 #include "hpgl/VRKPrintHPGLGenerator.h"
 #include "properties/VRKPrintHPGLProperties.h"
 #include "properties/VRKPropertiesXmlReader.h"
@@ -13,11 +14,7 @@ VRK_DEFINE_CLASS(VRKPrintHPGLGeneratorImpl, VRKDataExtension, "VRKPrintHPGLGener
 
 VRKBaseUnknown* CreateTIEVRKIPrtGeneratorPropertiesVRKPrintHPGLGeneratorImpl(
     VRKDataExtension* implementation) {
-    auto* impl = dynamic_cast<VRKPrintHPGLGeneratorImpl*>(implementation);
-    if (impl == nullptr) {
-        return nullptr;
-    }
-    return new (std::nothrow) VRKTIEIPrtGeneratorProperties<VRKPrintHPGLGeneratorImpl>(impl);
+    return VRKMakeTie<VRKTIEIPrtGeneratorProperties, VRKPrintHPGLGeneratorImpl>(implementation);
 }
 
 namespace {
