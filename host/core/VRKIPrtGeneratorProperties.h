@@ -31,21 +31,35 @@ class VRKTIEIPrtGeneratorProperties final : public VRKIPrtGeneratorProperties {
   public:
     explicit VRKTIEIPrtGeneratorProperties(Impl* implementation) : impl_(implementation) {}
 
-    VRKResult ReadFromDOM(const VRKSmartRef<VRKIDOMElement>& element) override {
-        return impl_ ? impl_->ReadFromDOM(element) : E_FAIL;
+    VRKResult ReadFromDOM(const VRKSmartRef<VRKIDOMElement>& element) noexcept override {
+        return forward([&] { return impl_->ReadFromDOM(element); });
     }
-    VRKResult ReadFromXml(VRKLightXmlElement& element) override {
-        return impl_ ? impl_->ReadFromXml(element) : E_FAIL;
+    VRKResult ReadFromXml(VRKLightXmlElement& element) noexcept override {
+        return forward([&] { return impl_->ReadFromXml(element); });
     }
-    VRKResult WriteToDOM(const VRKSmartRef<VRKIDOMElement>& element) override {
-        return impl_ ? impl_->WriteToDOM(element) : E_FAIL;
+    VRKResult WriteToDOM(const VRKSmartRef<VRKIDOMElement>& element) noexcept override {
+        return forward([&] { return impl_->WriteToDOM(element); });
     }
-    VRKResult WriteToXml(VRKLightXmlElement& element) override {
-        return impl_ ? impl_->WriteToXml(element) : E_FAIL;
+    VRKResult WriteToXml(VRKLightXmlElement& element) noexcept override {
+        return forward([&] { return impl_->WriteToXml(element); });
     }
 
     Impl* GetImplementation() const { return impl_.get(); }
 
   private:
+    // The implementation's result; E_FAIL without an implementation or when it throws (memory
+    // running out), for no exception crosses an interface.
+    template <typename Call>
+    VRKResult forward(Call call) noexcept {
+        if (!impl_) {
+            return E_FAIL;
+        }
+        try {
+            return call();
+        } catch (...) {
+            return E_FAIL;
+        }
+    }
+
     VRKSmartRef<Impl> impl_;
 };
