@@ -14,6 +14,7 @@
 #include "host/core/VRKTIEMarshallableCorba.h"
 #include "host/core/VRKTieFactory.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "marshal/VRKMarshalStart.h"
 #include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHP1055CProperties.h"
 
@@ -104,14 +105,10 @@ extern "C" VRKBaseUnknown* CreateTIEVRKMarshallableCorbaVRKMarshalHP1055CPropert
 }
 
 int VRKMarshalHP1055CProperties::Marshal(int bufferId, int creationFlag) {
-    auto* record = dynamic_cast<VRKPrintHP1055CProperties*>(GetImpl(0));
-    if (record == nullptr) {
-        return 0;
-    }
     currentBufferId = bufferId;
-    currentIdent = VRKMakeMarshalIdent(bufferId, creationFlag, kRecordClass, record);
-    if (currentIdent == 0) {
-        // The buffer has the record already.
+    auto* record = VRKMarshalStart<VRKPrintHP1055CProperties>(*this, bufferId, creationFlag,
+                                                              kRecordClass, currentIdent);
+    if (record == nullptr) {
         return 0;
     }
     VRKMarshalBaseClass(bufferId, kBaseClass);

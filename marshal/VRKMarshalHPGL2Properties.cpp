@@ -14,6 +14,7 @@
 #include "host/core/VRKTIEMarshallableCorba.h"
 #include "host/core/VRKTieFactory.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "marshal/VRKMarshalStart.h"
 #include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHPGLProperties.h"
@@ -112,14 +113,10 @@ extern "C" VRKBaseUnknown* CreateTIEVRKMarshallableCorbaVRKMarshalHPGL2Propertie
 }
 
 int VRKMarshalHPGL2Properties::Marshal(int bufferId, int creationFlag) {
-    auto* record = dynamic_cast<VRKPrintHPGL2Properties*>(GetImpl(0));
-    if (record == nullptr) {
-        return 0;
-    }
     currentBufferId = bufferId;
-    currentIdent = VRKMakeMarshalIdent(bufferId, creationFlag, kRecordClass, record);
-    if (currentIdent == 0) {
-        // The buffer has the record already.
+    auto* record = VRKMarshalStart<VRKPrintHPGL2Properties>(*this, bufferId, creationFlag,
+                                                            kRecordClass, currentIdent);
+    if (record == nullptr) {
         return 0;
     }
     // The HP-GL/2 fields proper: for a DesignJet 1000 record, whose own copies hide them, these

@@ -10,6 +10,7 @@
 #include "host/core/VRKTIEMarshallableCorba.h"
 #include "host/core/VRKTieFactory.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "marshal/VRKMarshalStart.h"
 #include "marshal/VRKUnmarshalStart.h"
 #include "properties/VRKPrintHPGLProperties.h"
 
@@ -46,14 +47,10 @@ extern "C" VRKBaseUnknown* CreateTIEVRKMarshallableCorbaVRKMarshalHPGLProperties
 }
 
 int VRKMarshalHPGLProperties::Marshal(int bufferId, int creationFlag) {
-    auto* record = dynamic_cast<VRKPrintHPGLProperties*>(GetImpl(0));
-    if (record == nullptr) {
-        return 0;
-    }
     currentBufferId = bufferId;
-    currentIdent = VRKMakeMarshalIdent(bufferId, creationFlag, kRecordClass, record);
-    if (currentIdent == 0) {
-        // The buffer has the record already.
+    auto* record = VRKMarshalStart<VRKPrintHPGLProperties>(*this, bufferId, creationFlag,
+                                                           kRecordClass, currentIdent);
+    if (record == nullptr) {
         return 0;
     }
     ExportMarshalBuffer(bufferId, record->penCount, kValueLength);
