@@ -165,6 +165,11 @@ bool VRKJobPlayer::PlaySource(Source& source, const std::string& fileName,
 
     std::string_view line;
     for (;;) {
+        // The common lines that stand whole in the buffer are played straight from it; the
+        // line where they stop takes the general path.
+        if (state_ == State::kInJob && !PlayCommonRun()) {
+            return false;
+        }
         const LineRead read = NextLine(source, line);
         if (read == LineRead::kEnd) {
             break;
@@ -220,13 +225,9 @@ VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& 
             if (begin_ == end_) {
                 return LineRead::kEnd;
             }
-            // The last line, without a line end. A line end is put after it all the same: the
-            // quick reading of common lines counts on a byte past every line that ends a word.
-            if (end_ == buffer_.size()) {
-                buffer_.push_back('\n');
-            } else {
-                buffer_[end_] = '\n';
-            }
+            // The last line, without a line end. A line end is put after it all the same (in
+            // the padding): the reading of common lines stops at line ends.
+            buffer_[end_] = '\n';
             line = std::string_view(buffer_.data() + begin_, end_ - begin_);
             begin_ = scanned_ = end_;
             return LineRead::kLine;
@@ -239,10 +240,12 @@ VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& 
             begin_ = 0;
             end_ = scanned_ = pending;
         }
-        if (buffer_.size() - end_ < kBlock / 2) {
-            buffer_.resize(std::max(buffer_.size() * 2, kBlock));
+        const std::size_t usable = buffer_.empty() ? 0 : buffer_.size() - kReadPadding;
+        if (usable - end_ < kBlock / 2) {
+            buffer_.resize(std::max(usable * 2, kBlock) + kReadPadding);
         }
-        const std::size_t got = source.Read(buffer_.data() + end_, buffer_.size() - end_);
+        const std::size_t got =
+            source.Read(buffer_.data() + end_, buffer_.size() - kReadPadding - end_);
         if (got == 0) {
             atEnd_ = true;
         }
@@ -283,7 +286,9 @@ bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
     if (lineNumber == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") {
         return Fail("the file starts with a byte order mark; job files are UTF-8 without one");
     }
-    if (state_ == State::kInJob && PlayCommonLine(line)) {
+    // Common lines were tried in the buffer already (PlayCommonRun): a line that comes here is
+    // one they do not take, or one that was not whole in the buffer then.
+    if (state_ == State::kInJob && PlayCommonLine(line.data()) != nullptr) {
         if (generator_.HasFailed()) {
             return Fail(std::string("the generator failed in ") + verb_->name);
         }
@@ -337,202 +342,6 @@ bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
         return Fail(std::string("the generator failed in ") + verb_->name);
     }
     return true;
-}
-
-namespace {
-
-// Reads the numbers of a line of plain numbers: each number stands between blanks, and anything
-// else (a comment, a string, a word, a number in an uncommon form) stops the reading. The byte
-// just past the line is readable and is a line end (LF, or the CR before it), which ends every
-// digit run and every run of blanks: the loops need not watch for the end of the line.
-class NumberScanner {
-  public:
-    NumberScanner(const char* p, const char* end) : p_(p), end_(end) {}
-
-    bool Float(float& value) {
-        double v = 0.0;
-        if (!SkipBlanks()) {
-            return false;
-        }
-        p_ = ScanDecimal(p_, v);
-        value = static_cast<float>(v);
-        return p_ != nullptr && AtSeparator();
-    }
-    bool Int(int& value) {
-        if (!SkipBlanks()) {
-            return false;
-        }
-        p_ = VRKJobNumber::ScanCommonInt(p_, end_, value);
-        return p_ != nullptr && AtSeparator();
-    }
-    // True when only blanks are left.
-    bool AtEnd() {
-        while (isBlank(*p_)) {
-            ++p_;
-        }
-        return p_ == end_;
-    }
-
-  private:
-    static bool isBlank(char c) { return c == ' ' || c == '\t'; }
-    static bool isDigit(char c) { return static_cast<unsigned>(c - '0') < 10u; }
-
-    // Past at least one blank (the verb or the previous number ends there); false at the end.
-    bool SkipBlanks() {
-        if (!isBlank(*p_)) {
-            return false;
-        }
-        do {
-            ++p_;
-        } while (isBlank(*p_));
-        return p_ != end_;
-    }
-    bool AtSeparator() const { return p_ == end_ || isBlank(*p_); }
-
-    // The number at `start` in the common form without exponent, read as ScanCommonDecimal
-    // reads it (the same digits and the same power of ten give the same value); any other form
-    // goes to ScanCommonDecimal itself.
-    const char* ScanDecimal(const char* start, double& value) const {
-        const char* p = start;
-        const bool negative = *p == '-';
-        if (*p == '-' || *p == '+') {
-            ++p;
-        }
-        const char* const first = p;
-        std::uint64_t digits = 0;
-        while (isDigit(*p)) {
-            digits = digits * 10 + static_cast<unsigned>(*p - '0');
-            ++p;
-        }
-        int count = static_cast<int>(p - first);
-        int decimals = 0;
-        if (*p == '.') {
-            ++p;
-            const char* const fraction = p;
-            while (isDigit(*p)) {
-                digits = digits * 10 + static_cast<unsigned>(*p - '0');
-                ++p;
-            }
-            decimals = static_cast<int>(p - fraction);
-            count += decimals;
-        }
-        if (count == 0 || count > 19 || *p == 'e' || *p == 'E' || decimals > 22 ||
-            digits > (std::uint64_t{1} << 53)) {
-            return VRKJobNumber::ScanCommonDecimal(start, end_, value);
-        }
-        const double v = static_cast<double>(digits) / VRKJobNumber::kExactPowersOfTen[decimals];
-        value = negative ? -v : v;
-        return p;
-    }
-
-    const char* p_;
-    const char* end_;
-};
-
-}  // namespace
-
-bool VRKJobPlayer::PlayCommonLine(std::string_view line) {
-    const char* const end = line.data() + line.size();
-    const char* p = line.data();
-    // Most lines repeat the verb of the line before: it is compared in place, and then only a
-    // blank (or the line end past the line) may follow it.
-    const Verb* verb = verb_;
-    if (verb != nullptr) {
-        const std::string_view previous = verbNames_[static_cast<std::size_t>(verb - kVerbs)];
-        std::size_t i = 0;
-        while (i < previous.size() && i < line.size() && line[i] == previous[i]) {
-            ++i;
-        }
-        if (i == previous.size() && (p[i] == ' ' || p[i] == '\t' || i == line.size())) {
-            p += i;
-        } else {
-            verb = nullptr;
-        }
-    }
-    if (verb == nullptr) {
-        while (p != end && *p != ' ' && *p != '\t') {
-            ++p;
-        }
-        verb = FindVerb(std::string_view(line.data(), static_cast<std::size_t>(p - line.data())));
-        if (verb == nullptr) {
-            return false;
-        }
-    }
-    NumberScanner scan(p, end);
-    const Handler handler = verb->handler;
-    if (handler == &VRKJobPlayer::DoLineTo || handler == &VRKJobPlayer::DoMoveTo) {
-        float x = 0.0f, y = 0.0f;
-        if (!scan.Float(x) || !scan.Float(y) || !scan.AtEnd()) {
-            return false;
-        }
-        verb_ = verb;
-        if (handler == &VRKJobPlayer::DoLineTo) {
-            generator_.LineTo(x, y);
-        } else {
-            generator_.MoveTo(x, y);
-        }
-        return true;
-    }
-    if (handler == &VRKJobPlayer::DoDrawArcCircle) {
-        float v[5] = {};
-        int filled = 0;
-        for (float& value : v) {
-            if (!scan.Float(value)) {
-                return false;
-            }
-        }
-        if (!scan.Int(filled) || !scan.AtEnd() || (filled != 0 && filled != 1)) {
-            return false;
-        }
-        verb_ = verb;
-        generator_.DrawArcCircle(v[0], v[1], v[2], v[3], v[4], filled);
-        return true;
-    }
-    if (handler == &VRKJobPlayer::DoFillArea) {
-        int polygons = 0;
-        if (!scan.Int(polygons) || polygons < 0 || polygons > (1 << 20)) {
-            return false;
-        }
-        counts_.resize(static_cast<std::size_t>(polygons));
-        long long total = 0;
-        for (int& count : counts_) {
-            if (!scan.Int(count) || count < 0) {
-                return false;
-            }
-            total += count;
-        }
-        // The line's length bounds the coordinates it can hold: two bytes each at least.
-        if (2 * total > static_cast<long long>(line.size())) {
-            return false;
-        }
-        points_.resize(static_cast<std::size_t>(2 * total));
-        for (float& value : points_) {
-            if (!scan.Float(value)) {
-                return false;
-            }
-        }
-        if (!scan.AtEnd()) {
-            return false;
-        }
-        verb_ = verb;
-        generator_.FillArea(polygons, counts_.data(), points_.data());
-        return true;
-    }
-    if (handler == &VRKJobPlayer::DoSelectDrawColor ||
-        handler == &VRKJobPlayer::DoSelectFillColor) {
-        int index = 0;
-        if (!scan.Int(index) || !scan.AtEnd()) {
-            return false;
-        }
-        verb_ = verb;
-        if (handler == &VRKJobPlayer::DoSelectDrawColor) {
-            generator_.SelectDrawColor(index);
-        } else {
-            generator_.SelectFillColor(index);
-        }
-        return true;
-    }
-    return false;
 }
 
 // ---- Arguments -------------------------------------------------------------------------------

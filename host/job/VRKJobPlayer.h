@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <istream>
 #include <string>
 #include <string_view>
@@ -75,9 +76,16 @@ class VRKJobPlayer {
     bool PlayLine(std::string_view line, int lineNumber);
     // Plays the lines that make up nearly all of a large drawing (moves, lines, circles, fills,
     // colour choices) when they hold plain numbers and nothing else, reading the numbers straight
-    // from the line. False, without a call, for any line it does not take: the general path
-    // then plays the line or reports what is wrong with it.
-    bool PlayCommonLine(std::string_view line);
+    // from the read buffer. `line` is the start of a line in the buffer. Returns the start of the
+    // next line, or null, without a call, for any line it does not take (one it does not know,
+    // one with anything uncommon in it, one that does not end before the buffer's read bytes
+    // do): the general path then plays the line or reports what is wrong with it.
+    const char* PlayCommonLine(const char* line);
+    // Plays the common lines that follow one another in the buffer from begin_, and moves
+    // begin_ past them. False when the generator failed in one of them.
+    bool PlayCommonRun();
+    // Remembers a common verb as a pattern of the line's first 16 bytes, for the next lines.
+    void LearnCommonVerb(const Verb* verb);
     bool Fail(std::string message);
     bool FailArgument(std::string_view what);
     const Verb* FindVerb(std::string_view name) const;
@@ -140,6 +148,9 @@ class VRKJobPlayer {
     VRKJobError error_;
     // The read buffer: bytes [begin_, end_) are read and not yet played, and those before
     // scanned_ hold no LF. It grows only for a line longer than itself.
+    // Beyond the bytes read, the buffer keeps kReadPadding bytes more: the reading of common
+    // lines loads words that may reach past the last line, and a mark put at end_ stops it there.
+    static constexpr std::size_t kReadPadding = 64;
     std::vector<char> buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
@@ -150,4 +161,19 @@ class VRKJobPlayer {
     std::vector<int> counts_;
     // The verb table's names as views, for the comparisons of every line.
     std::vector<std::string_view> verbNames_;
+    // The common verb met last, as the bytes (and the mask of the bytes) that open its lines:
+    // the verb and one blank.
+    enum class CommonKind {
+        kNone,
+        kMoveTo,
+        kLineTo,
+        kArcCircle,
+        kFillArea,
+        kDrawColor,
+        kFillColor
+    };
+    const Verb* commonVerb_ = nullptr;
+    CommonKind commonKind_ = CommonKind::kNone;
+    std::uint64_t commonWord_[2] = {};
+    std::uint64_t commonMask_[2] = {};
 };

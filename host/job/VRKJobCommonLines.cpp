@@ -1,0 +1,295 @@
+// The quick reading of the lines that make up nearly all of a large drawing: a move, a line, a
+// circle, a fill or a colour choice, written with plain numbers. Such lines are read straight from
+// the read buffer, one after another, without cutting them out first; anything else in them sends
+// the line to the general path, which plays it the same way or reports what is wrong with it.
+
+#include <climits>
+#include <cstring>
+
+#include "host/core/VRKPrintGenerator.h"
+#include "host/job/VRKJobNumber.h"
+#include "host/job/VRKJobPlayer.h"
+
+namespace {
+
+// Reads the numbers of a line of plain numbers: each number stands between blanks, and anything
+// else (a comment, a string, a word, a number in an uncommon form) stops the reading. The reading
+// never passes a line end (LF, or CR before LF) nor the mark put after the read bytes, which are
+// neither blanks nor digits, so the loops need not watch for the end of the buffer.
+class NumberScanner {
+  public:
+    // `limit` is the end of the buffer: the careful reading of uncommon forms stops there.
+    NumberScanner(const char* p, const char* limit) : p_(p), limit_(limit) {}
+
+    bool Float(float& value) {
+        double v = 0.0;
+        if (!SkipBlanks()) {
+            return false;
+        }
+        p_ = ScanDecimal(p_, v);
+        value = static_cast<float>(v);
+        return p_ != nullptr && AtSeparator();
+    }
+    bool Int(int& value) {
+        if (!SkipBlanks()) {
+            return false;
+        }
+        p_ = VRKJobNumber::ScanCommonInt(p_, limit_, value);
+        return p_ != nullptr && AtSeparator();
+    }
+    // Past the trailing blanks and the line end: the start of the next line, or null when
+    // anything but blanks is left.
+    const char* End() {
+        while (isBlank(*p_)) {
+            ++p_;
+        }
+        if (*p_ == '\n') {
+            return p_ + 1;
+        }
+        return *p_ == '\r' && p_[1] == '\n' ? p_ + 2 : nullptr;
+    }
+    const char* Position() const { return p_; }
+
+  private:
+    static bool isBlank(char c) { return c == ' ' || c == '\t'; }
+    static bool isDigit(char c) { return static_cast<unsigned>(c - '0') < 10u; }
+    static bool isLineEnd(const char* p) { return *p == '\n' || (*p == '\r' && p[1] == '\n'); }
+
+    // Past at least one blank (the verb or the previous number ends there); false at the end of
+    // the line.
+    bool SkipBlanks() {
+        if (!isBlank(*p_)) {
+            return false;
+        }
+        do {
+            ++p_;
+        } while (isBlank(*p_));
+        return !isLineEnd(p_);
+    }
+    bool AtSeparator() const { return isBlank(*p_) || isLineEnd(p_); }
+
+    // The number at `start` in the common form without exponent, read as ScanCommonDecimal
+    // reads it (the same digits and the same power of ten give the same value); any other form
+    // goes to ScanCommonDecimal itself.
+    const char* ScanDecimal(const char* start, double& value) const {
+        const char* p = start;
+        const bool negative = *p == '-';
+        if (*p == '-' || *p == '+') {
+            ++p;
+        }
+        const char* const first = p;
+        std::uint64_t digits = 0;
+        while (isDigit(*p)) {
+            digits = digits * 10 + static_cast<unsigned>(*p - '0');
+            ++p;
+        }
+        int count = static_cast<int>(p - first);
+        int decimals = 0;
+        if (*p == '.') {
+            ++p;
+            const char* const fraction = p;
+            while (isDigit(*p)) {
+                digits = digits * 10 + static_cast<unsigned>(*p - '0');
+                ++p;
+            }
+            decimals = static_cast<int>(p - fraction);
+            count += decimals;
+        }
+        if (count == 0 || count > 19 || *p == 'e' || *p == 'E' || decimals > 22 ||
+            digits > (std::uint64_t{1} << 53)) {
+            return VRKJobNumber::ScanCommonDecimal(start, limit_, value);
+        }
+        const double v = static_cast<double>(digits) / VRKJobNumber::kExactPowersOfTen[decimals];
+        value = negative ? -v : v;
+        return p;
+    }
+
+    const char* p_;
+    const char* limit_;
+};
+
+std::uint64_t loadWord(const char* p) {
+    std::uint64_t word;
+    std::memcpy(&word, p, sizeof word);
+    return word;
+}
+
+}  // namespace
+
+void VRKJobPlayer::LearnCommonVerb(const Verb* verb) {
+    const Handler handler = verb->handler;
+    CommonKind kind = CommonKind::kNone;
+    if (handler == &VRKJobPlayer::DoMoveTo) {
+        kind = CommonKind::kMoveTo;
+    } else if (handler == &VRKJobPlayer::DoLineTo) {
+        kind = CommonKind::kLineTo;
+    } else if (handler == &VRKJobPlayer::DoDrawArcCircle) {
+        kind = CommonKind::kArcCircle;
+    } else if (handler == &VRKJobPlayer::DoFillArea) {
+        kind = CommonKind::kFillArea;
+    } else if (handler == &VRKJobPlayer::DoSelectDrawColor) {
+        kind = CommonKind::kDrawColor;
+    } else if (handler == &VRKJobPlayer::DoSelectFillColor) {
+        kind = CommonKind::kFillColor;
+    }
+    const std::size_t length = std::strlen(verb->name);
+    commonVerb_ = verb;
+    commonKind_ = kind;
+    commonWord_[0] = commonWord_[1] = 0;
+    commonMask_[0] = commonMask_[1] = 0;
+    if (kind == CommonKind::kNone || length + 1 > 2 * sizeof(std::uint64_t)) {
+        commonKind_ = CommonKind::kNone;
+        return;
+    }
+    // The verb and its blank, and a mask over just those bytes, in the byte order of a load.
+    char bytes[16] = {};
+    char mask[16] = {};
+    std::memcpy(bytes, verb->name, length);
+    bytes[length] = ' ';
+    std::memset(mask, '\xff', length + 1);
+    commonWord_[0] = loadWord(bytes);
+    commonWord_[1] = loadWord(bytes + 8);
+    commonMask_[0] = loadWord(mask);
+    commonMask_[1] = loadWord(mask + 8);
+}
+
+const char* VRKJobPlayer::PlayCommonLine(const char* line) {
+    const char* const limit = buffer_.data() + buffer_.size();
+    const char* p = line;
+    // Most lines repeat the verb of the line before: 16 bytes of the line are compared at once
+    // with the verb and a blank. Otherwise the verb is looked up, and remembered when common.
+    if (commonKind_ != CommonKind::kNone &&
+        ((loadWord(p) ^ commonWord_[0]) & commonMask_[0]) == 0 &&
+        ((loadWord(p + 8) ^ commonWord_[1]) & commonMask_[1]) == 0) {
+        p += std::strlen(commonVerb_->name);
+    } else {
+        while (*p != ' ' && *p != '\t' && *p != '\n' && *p != '\r' && *p != '\0') {
+            ++p;
+        }
+        const Verb* verb = FindVerb(std::string_view(line, static_cast<std::size_t>(p - line)));
+        if (verb == nullptr) {
+            return nullptr;
+        }
+        if (verb != commonVerb_) {
+            LearnCommonVerb(verb);
+        }
+        if (commonKind_ == CommonKind::kNone) {
+            return nullptr;
+        }
+    }
+    // Every line played here is checked against the length limit, as the general path checks
+    // it, before its call is made.
+    const auto tooLong = [&](const char* next) {
+        return static_cast<std::size_t>(next - line) - 1 > maxLineLength_;
+    };
+    NumberScanner scan(p, limit);
+    const char* next = nullptr;
+    switch (commonKind_) {
+        case CommonKind::kMoveTo:
+        case CommonKind::kLineTo: {
+            float x = 0.0f, y = 0.0f;
+            if (!scan.Float(x) || !scan.Float(y) || (next = scan.End()) == nullptr ||
+                tooLong(next)) {
+                return nullptr;
+            }
+            verb_ = commonVerb_;
+            if (commonKind_ == CommonKind::kLineTo) {
+                generator_.LineTo(x, y);
+            } else {
+                generator_.MoveTo(x, y);
+            }
+            return next;
+        }
+        case CommonKind::kArcCircle: {
+            float v[5] = {};
+            int filled = 0;
+            for (float& value : v) {
+                if (!scan.Float(value)) {
+                    return nullptr;
+                }
+            }
+            if (!scan.Int(filled) || (next = scan.End()) == nullptr || tooLong(next) ||
+                (filled != 0 && filled != 1)) {
+                return nullptr;
+            }
+            verb_ = commonVerb_;
+            generator_.DrawArcCircle(v[0], v[1], v[2], v[3], v[4], filled);
+            return next;
+        }
+        case CommonKind::kFillArea: {
+            int polygons = 0;
+            if (!scan.Int(polygons) || polygons < 0 || polygons > (1 << 20)) {
+                return nullptr;
+            }
+            counts_.resize(static_cast<std::size_t>(polygons));
+            long long total = 0;
+            for (int& count : counts_) {
+                if (!scan.Int(count) || count < 0) {
+                    return nullptr;
+                }
+                total += count;
+            }
+            // The buffer bounds the coordinates the line can hold: two bytes each at least.
+            if (2 * total > static_cast<long long>(limit - scan.Position())) {
+                return nullptr;
+            }
+            points_.resize(static_cast<std::size_t>(2 * total));
+            for (float& value : points_) {
+                if (!scan.Float(value)) {
+                    return nullptr;
+                }
+            }
+            if ((next = scan.End()) == nullptr || tooLong(next)) {
+                return nullptr;
+            }
+            verb_ = commonVerb_;
+            generator_.FillArea(polygons, counts_.data(), points_.data());
+            return next;
+        }
+        case CommonKind::kDrawColor:
+        case CommonKind::kFillColor: {
+            int index = 0;
+            if (!scan.Int(index) || (next = scan.End()) == nullptr || tooLong(next)) {
+                return nullptr;
+            }
+            verb_ = commonVerb_;
+            if (commonKind_ == CommonKind::kDrawColor) {
+                generator_.SelectDrawColor(index);
+            } else {
+                generator_.SelectFillColor(index);
+            }
+            return next;
+        }
+        case CommonKind::kNone:
+            break;
+    }
+    return nullptr;
+}
+
+bool VRKJobPlayer::PlayCommonRun() {
+    if (buffer_.empty()) {
+        return true;
+    }
+    char* const data = buffer_.data();
+    // A mark after the read bytes, neither a blank, a digit nor a line end: a line cut by the
+    // end of the read bytes stops there and is left for the general path, which reads on.
+    data[end_] = '\0';
+    const char* p = data + begin_;
+    bool played = true;
+    while (line_ < INT_MAX) {
+        const char* const next = PlayCommonLine(p);
+        if (next == nullptr) {
+            break;
+        }
+        ++line_;
+        p = next;
+        if (generator_.HasFailed()) {
+            played = Fail(std::string("the generator failed in ") + verb_->name);
+            break;
+        }
+    }
+    if (p != data + begin_) {
+        begin_ = scanned_ = static_cast<std::size_t>(p - data);
+    }
+    return played;
+}
