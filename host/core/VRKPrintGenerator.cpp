@@ -36,16 +36,11 @@ VRKPrintGenerator::VRKPrintGenerator(const VRKString& language) : language_(lang
 
 VRKPrintGenerator::~VRKPrintGenerator() = default;
 
-template <class Call>
-void VRKPrintGenerator::Guard(Call&& call) noexcept {
+void VRKPrintGenerator::HookThrew() noexcept {
     try {
-        call();
+        ReportFailure();
     } catch (...) {
-        try {
-            ReportFailure();
-        } catch (...) {
-            failed_ = true;
-        }
+        failed_ = true;
     }
 }
 
@@ -82,14 +77,6 @@ void VRKPrintGenerator::StartNewPage(const VRKPrintParameters& params) noexcept 
         textAsGeometry_ = params.GetTextAsGeometry();
         DrvFormFeed();
     });
-}
-
-void VRKPrintGenerator::MoveTo(float x, float y) noexcept {
-    Guard([&] { DrvMoveTo(x, y); });
-}
-
-void VRKPrintGenerator::LineTo(float x, float y) noexcept {
-    Guard([&] { DrvLineTo(x, y); });
 }
 
 void VRKPrintGenerator::DrawPolyline(int count, const float* xy) noexcept {
@@ -399,4 +386,3 @@ void VRKPrintGenerator::DrvSetPolygonFillRule(int rule) {
 void VRKPrintGenerator::DrvSetFillMode(int mode) {
     fillMode_ = mode;
 }
-

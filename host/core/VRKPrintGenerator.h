@@ -37,8 +37,13 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void StartNewPage() noexcept;
     void StartNewPage(const VRKPrintParameters& params) noexcept;
 
-    void MoveTo(float x, float y) noexcept;
-    void LineTo(float x, float y) noexcept;
+    // The two calls of every line of a drawing are made in place, without a call of their own.
+    void MoveTo(float x, float y) noexcept {
+        Guard([&] { DrvMoveTo(x, y); });
+    }
+    void LineTo(float x, float y) noexcept {
+        Guard([&] { DrvLineTo(x, y); });
+    }
     void DrawPolyline(int count, const float* xy) noexcept;
     void DrawPolygon(int count, const float* xy) noexcept;
     void DrawPolyBezier(int count, const float* xy) noexcept;
@@ -156,8 +161,17 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     virtual void ReportFailure();
 
   private:
+    // Runs a hook; a hook that throws makes the generator failed (ReportFailure), and nothing
+    // leaves the public call.
     template <class Call>
-    void Guard(Call&& call) noexcept;
+    void Guard(Call&& call) noexcept {
+        try {
+            call();
+        } catch (...) {
+            HookThrew();
+        }
+    }
+    void HookThrew() noexcept;
     void FlattenEllipse(float cx, float cy, float rx, float ry, double start, double sweep,
                         float rotation, bool asPolygon, bool sector);
     void FillGlyphs(const VRKTextOutliner::Outlines& glyphs);

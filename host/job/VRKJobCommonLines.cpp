@@ -135,6 +135,7 @@ void VRKJobPlayer::LearnCommonVerb(const Verb* verb) {
     const std::size_t length = std::strlen(verb->name);
     commonVerb_ = verb;
     commonKind_ = kind;
+    commonLength_ = length;
     commonWord_[0] = commonWord_[1] = 0;
     commonMask_[0] = commonMask_[1] = 0;
     if (kind == CommonKind::kNone || length + 1 > 2 * sizeof(std::uint64_t)) {
@@ -161,7 +162,7 @@ const char* VRKJobPlayer::PlayCommonLine(const char* line) {
     if (commonKind_ != CommonKind::kNone &&
         ((loadWord(p) ^ commonWord_[0]) & commonMask_[0]) == 0 &&
         ((loadWord(p + 8) ^ commonWord_[1]) & commonMask_[1]) == 0) {
-        p += std::strlen(commonVerb_->name);
+        p += commonLength_;
     } else {
         while (*p != ' ' && *p != '\t' && *p != '\n' && *p != '\r' && *p != '\0') {
             ++p;

@@ -174,6 +174,7 @@ class VRKJobPlayer {
     };
     const Verb* commonVerb_ = nullptr;
     CommonKind commonKind_ = CommonKind::kNone;
+    std::size_t commonLength_ = 0;
     std::uint64_t commonWord_[2] = {};
     std::uint64_t commonMask_[2] = {};
 };
