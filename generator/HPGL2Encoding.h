@@ -42,11 +42,12 @@ inline char* encodeNumberTo(char* out, int value) {
     const int digits = (69 - std::countl_zero(u | 1)) / 6;
     if constexpr (std::endian::native == std::endian::little) {
         // The six-bit groups spread over the bytes of a word, 63 added to each, and 128 more to
-        // the last digit, which makes it a terminating byte (191 + its bits).
-        // Group k moves from bit 6k to bit 8k: a left shift by 2k.
-        std::uint64_t word = (u & 0x3Full) | ((u << 2) & 0x3F00ull) | ((u << 4) & 0x3F0000ull) |
-                             ((u << 6) & 0x3F000000ull) | ((u << 8) & 0x3F00000000ull) |
-                             ((u << 10) & 0x3F0000000000ull);
+        // the last digit, which makes it a terminating byte (191 + its bits). Group k moves
+        // from bit 6k to bit 8k, in two steps: pairs of groups (12 bits) to 16-bit lanes, then
+        // the upper group of each pair up by two bits.
+        const std::uint64_t pairs =
+            (u & 0xFFFull) | ((u << 4) & 0xFFF0000ull) | ((u << 8) & 0xFFF00000000ull);
+        std::uint64_t word = (pairs & 0x003F003F003Full) | ((pairs << 2) & 0x3F003F003F00ull);
         word += 0x3F3F3F3F3F3Full + (std::uint64_t{128} << (8 * (digits - 1)));
         std::memcpy(out, &word, sizeof word);
     } else {
