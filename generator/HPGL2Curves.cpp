@@ -2,7 +2,9 @@
 // in a stretched user scale). Everything else goes to the host's flattening.
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 #include "generator/VRKPrintHPGL2Generator.h"
@@ -73,7 +75,62 @@ void VRKPrintHPGL2Generator::DrvDrawArcCircle(float cx, float cy, float radius, 
         VRKPrintFileGenerator::DrvDrawArcCircle(cx, cy, radius, start, end, filled);
         return;
     }
+    // The outline of a circle in a solid line, the commonest curve of a drawing, goes straight
+    // to its AA (the ellipse's own path comes to the same bytes).
+    if (filled == 0 && currentLineType == 1) {
+        VRKPrintStream& s = out();
+        const double sweep = (end - start) * kRadiansToDegrees;
+        closeEncodedPolyline();
+        writeArcOutline(s, cx, cy, radius, start, sweep);
+        return;
+    }
     VRKPrintHPGL2Generator::DrvDrawArcEllipse(cx, cy, radius, radius, start, end, 0.0f, filled);
+}
+
+void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, double centreY,
+                                             double radius, double angle, double sweep) {
+    // Circles nearly always start at angle 0, where the cosine is 1 and the sine is the angle
+    // itself (signed zero included): the same values without the library's call.
+    const bool zero = angle == 0.0;
+    const double startX = centreX + (zero ? 1.0 : std::cos(angle)) * radius;
+    const double startY = centreY + (zero ? angle : std::sin(angle)) * radius;
+    // From angle 0 the arc starts level with the centre: the one text is made once and written
+    // twice (the same bits, signed zero included, give the same text).
+    char sameY[32];
+    const char* sameYEnd = nullptr;
+    if (std::bit_cast<std::uint64_t>(startY) == std::bit_cast<std::uint64_t>(centreY) &&
+        s.IsFixed() && s.GetPrecision() == 2) {
+        sameYEnd = formatFixed2Quick(sameY, startY * 40.0);
+    }
+    const auto writeY = [&](double y) {
+        if (sameYEnd != nullptr) {
+            s.Write(std::string_view(sameY, static_cast<std::size_t>(sameYEnd - sameY)));
+        } else {
+            s.WriteFloat(y * 40.0);
+        }
+    };
+    s.Write("PU");
+    s.WriteFloat(startX * 40.0);
+    s.Put(',');
+    writeY(startY);
+    s.Write("PD;AA");
+    s.WriteFloat(centreX * 40.0);
+    s.Put(',');
+    writeY(centreY);
+    s.Put(',');
+    // Circle after circle has the same sweep: its text is kept.
+    const bool fixed2 = s.IsFixed() && s.GetPrecision() == 2;
+    if (fixed2 && (std::bit_cast<std::uint64_t>(sweep) != sweepBits || sweepLength == 0)) {
+        const char* const end = formatFixed2Quick(sweepText, sweep);
+        sweepBits = std::bit_cast<std::uint64_t>(sweep);
+        sweepLength = end != nullptr ? static_cast<int>(end - sweepText) : 0;
+    }
+    if (fixed2 && sweepLength > 0) {
+        s.Write(std::string_view(sweepText, static_cast<std::size_t>(sweepLength)));
+    } else {
+        s.WriteFloat(sweep);
+    }
+    s.Write(",.5");  // chord angle 0.5 degree
 }
 
 void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start,
@@ -140,23 +197,7 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
             }
             writeScale(scaleX, scaleY);
         }
-        // Circles nearly always start at angle 0, where the cosine is 1 and the sine is the
-        // angle itself (signed zero included): the same values without the library's call.
-        const double angle = start;
-        const bool zero = angle == 0.0;
-        const double startX = centreX + (zero ? 1.0 : std::cos(angle)) * radius;
-        const double startY = centreY + (zero ? angle : std::sin(angle)) * radius;
-        s.Write("PU");
-        s.WriteFloat(startX * 40.0);
-        s.Put(',');
-        s.WriteFloat(startY * 40.0);
-        s.Write("PD;AA");
-        s.WriteFloat(centreX * 40.0);
-        s.Put(',');
-        s.WriteFloat(centreY * 40.0);
-        s.Put(',');
-        s.WriteFloat(sweep);
-        s.Write(",.5");  // chord angle 0.5 degree
+        writeArcOutline(s, centreX, centreY, radius, start, sweep);
     } else {
         // A wedge around the pen position fills the whole ellipse.
         s.Write("PU");

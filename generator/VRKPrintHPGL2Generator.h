@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <fstream>
 #include <vector>
 
@@ -148,6 +149,10 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void selectPen(int pen);
     // Sets the line type and pattern length of one of the five named line styles.
     void applyLineStyle(int index);
+    // PU to the start of an arc outline, then its AA around the centre (millimetres, the sweep
+    // in degrees, chords of half a degree).
+    void writeArcOutline(VRKPrintStream& s, double centreX, double centreY, double radius,
+                         double angle, double sweep);
     // Writes the SC that puts user units back to plotter units.
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
@@ -171,6 +176,10 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     int currentFillColor = 0;
     int lastEncodedX = 0;
     int lastEncodedY = 0;
+    // The text of the last arc sweep written in the quick fixed form (none while 0 long).
+    std::uint64_t sweepBits = 0;
+    int sweepLength = 0;
+    char sweepText[32] = {};
     float pageRotation = 0.0f;
     float pageWidth = 0.0f;
     float pageHeight = 0.0f;

@@ -189,6 +189,54 @@ TEST(Circles, FullSweepIsNative) {
     EXPECT_EQ(g.Take(), "PU600.00,400.00PD;AA400.00,400.00,360.00,.5");
 }
 
+TEST(Circles, SweepTextFollowsEachCircle) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    // Over a full turn is still native, with its own sweep; the next circle has 360 again.
+    g.DrawArcCircle(10, 10, 5, 0, 7.0f, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,400.00PD;AA400.00,400.00,401.07,.5");
+    g.DrawArcCircle(10, 10, 5, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,400.00PD;AA400.00,400.00,360.00,.5");
+    g.DrawArcCircle(10, 10, 5, 0, 7.0f, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,400.00PD;AA400.00,400.00,401.07,.5");
+}
+
+TEST(Circles, StartAngleMovesTheStartPoint) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    // From a quarter turn: the start is above the centre, and y is no longer the centre's.
+    g.DrawArcCircle(10, 10, 5, 1.5707964f, 1.5707964f + kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU400.00,600.00PD;AA400.00,400.00,360.00,.5");
+}
+
+TEST(Circles, SignedZeroCentreKeepsItsSign) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    // From angle 0 the start's y is -0 + 0 = +0, while the centre's stays -0.
+    g.DrawArcCircle(10, -0.0f, 5, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,0.00PD;AA400.00,-0.00,360.00,.5");
+    g.DrawArcCircle(10, 0.0f, 5, -0.0f, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,0.00PD;AA400.00,0.00,360.00,.5");
+}
+
+TEST(Circles, SameBytesAsTheEqualEllipse) {
+    HPGL2Peer circle;
+    HPGL2Peer ellipse;
+    circle.Begin(FormParameters(210, 297, 1));
+    ellipse.Begin(FormParameters(210, 297, 1));
+    const float centres[][2] = {{10, 10}, {-3.25f, 7.5f}, {123.456f, 0.001f}, {0, -0.0f}};
+    for (const auto& c : centres) {
+        for (const float start : {0.0f, -0.0f, 0.3f, -2.0f}) {
+            circle.DrawArcCircle(c[0], c[1], 2.5f, start, start + kTwoPi, 0);
+            ellipse.DrawArcEllipse(c[0], c[1], 2.5f, 2.5f, start, start + kTwoPi, 0, 0);
+        }
+    }
+    EXPECT_EQ(circle.Take(), ellipse.Take());
+}
+
 TEST(Circles, StartAboveEndSweepsThroughTheStart) {
     HPGL2Peer g;
     // 1 rad to 0.5 rad goes round through 0: a sweep of 2 pi - 0.5, flattened.
