@@ -686,6 +686,123 @@ TEST(JobPlayerCommonLines, LengthLimitComesFirst) {
     EXPECT_EQ(generator.calls[1], "LineTo 1 2");
 }
 
+// A stream that hands out its text a few bytes at a time, as a pipe may: lines are cut at every
+// place by the end of what has been read.
+class TrickleBuffer : public std::streambuf {
+  public:
+    TrickleBuffer(std::string text, std::size_t piece) : text_(std::move(text)), piece_(piece) {}
+
+  protected:
+    int_type underflow() override {
+        if (at_ >= text_.size()) {
+            return traits_type::eof();
+        }
+        const std::size_t n = std::min(piece_, text_.size() - at_);
+        char* const start = text_.data() + at_;
+        setg(start, start, start + n);
+        at_ += n;
+        return traits_type::to_int_type(*start);
+    }
+
+  private:
+    std::string text_;
+    std::size_t piece_;
+    std::size_t at_ = 0;
+};
+
+// A job of every common verb, one after another and repeated, with blanks, tabs and CR LF ends.
+std::string mixedCommonJob(int repeats) {
+    std::string job = "Begin\n";
+    for (int i = 0; i < repeats; ++i) {
+        const std::string n = std::to_string(i % 997) + "." + std::to_string(i % 13);
+        job += "SelectDrawColor " + std::to_string(i % 8) + "\n";
+        job += "MoveTo " + n + " -" + n + "\n";
+        job += "LineTo\t" + n + "  0.125\r\n";
+        job += "LineTo 1 " + n + " \n";
+        job += "LineTo 2 3 # a comment sends this one to the lexer\n";
+        job += "DrawArcCircle " + n + " 20 5 0 6.283185307179586 " + std::to_string(i % 2) + "\n";
+        job += "SelectFillColor " + std::to_string(i % 5) + "\n";
+        job += "FillArea 1 3 0 0 " + n + " 0 5 5\n";
+        job += "SetDrawWidth 0.35\n";
+    }
+    return job + "End\n";
+}
+
+// What the lexer makes of the same job: every line with a comment, so that none is common.
+std::string lexedCalls(const std::string& job) {
+    std::string lexed;
+    std::size_t start = 0;
+    while (start < job.size()) {
+        std::size_t end = job.find('\n', start);
+        std::string line = job.substr(start, end - start);
+        const bool cr = !line.empty() && line.back() == '\r';
+        if (cr) {
+            line.pop_back();
+        }
+        lexed +=
+            line + (line.find('#') == std::string::npos ? " # lexed" : "") + (cr ? "\r\n" : "\n");
+        start = end + 1;
+    }
+    return play(lexed);
+}
+
+// Common lines read in the buffer make the calls the lexer makes, wherever the reads cut them.
+TEST(JobPlayerCommonLines, RunsInTheBufferMakeTheLexersCalls) {
+    const std::string job = mixedCommonJob(40);
+    const std::string expected = lexedCalls(job);
+    ASSERT_EQ(expected.find("error"), std::string::npos) << expected;
+    ASSERT_NE(expected.find("FillArea 1 3 0 0 39 0 5 5"), std::string::npos)
+        << expected.substr(0, 600);
+    ASSERT_EQ(play(job), expected);
+    for (const std::size_t piece : {1u, 2u, 3u, 7u, 64u, 1000u}) {
+        RecordingGenerator generator;
+        VRKJobPlayer player(generator);
+        TrickleBuffer buffer(job, piece);
+        std::istream in(&buffer);
+        ASSERT_TRUE(player.Play(in, "JOB", "")) << piece << ": " << player.GetError().ToString();
+        std::string calls;
+        for (const std::string& call : generator.calls) {
+            calls += call + "\n";
+        }
+        EXPECT_EQ(calls, expected) << "pieces of " << piece << " bytes";
+    }
+}
+
+// A file larger than one read: lines that the end of a read cuts are played all the same.
+TEST(JobPlayerCommonLines, LinesAcrossReadsOfAFile) {
+    TempFolder folder{"common-lines"};
+    const std::string job = mixedCommonJob(6000);
+    ASSERT_GT(job.size(), std::size_t{3} << 18);
+    const std::string path = folder.Write("big.job", job);
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    ASSERT_TRUE(player.PlayFile(path)) << player.GetError().ToString();
+    std::string calls;
+    for (const std::string& call : generator.calls) {
+        calls += call + "\n";
+    }
+    EXPECT_EQ(calls, lexedCalls(job));
+}
+
+// A failure of the generator in a run of common lines stops at that line.
+TEST(JobPlayerCommonLines, GeneratorFailureInARun) {
+    RecordingGenerator generator;
+    generator.failIn = "DrawArcCircle";
+    EXPECT_EQ(play("Begin\nLineTo 1 2\nLineTo 3 4\nDrawArcCircle 1 2 3 0 1 0\nLineTo 5 6\nEnd\n",
+                   generator),
+              kBeginDefaults +
+                  "LineTo 1 2\nLineTo 3 4\nerror: JOB:4: the generator failed in DrawArcCircle\n");
+}
+
+// A NUL byte ends nothing: the line goes to the lexer, which refuses it.
+TEST(JobPlayerCommonLines, NulByteInALine) {
+    using namespace std::string_literals;
+    EXPECT_EQ(errorOf("Begin\nLineTo 1 2\nLineTo 1\0 2\nEnd\n"s),
+              "JOB:3: LineTo: '1\\x00' is not a number");
+    EXPECT_EQ(errorOf("Begin\nLineTo 1 2\nLineTo 1 2\0\nEnd\n"s),
+              "JOB:3: LineTo: '2\\x00' is not a number");
+}
+
 // Lines that look common but are not keep the errors of the general path.
 TEST(JobPlayerCommonLines, UncommonLinesKeepTheirErrors) {
     EXPECT_EQ(errorOfLine("LineTo 1 2 3"), "JOB:2: LineTo: extra argument '3'; usage: LineTo x y");
