@@ -155,6 +155,13 @@ void VRKJobPlayer::LearnCommonVerb(const Verb* verb) {
 }
 
 const char* VRKJobPlayer::PlayCommonLine(const char* line) {
+    return PlayCommonLineInPlace(line);
+}
+
+// The body of PlayCommonLine, made in place in the loop of PlayCommonRun: a call per line costs
+// there what reading a short line does.
+inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineInPlace(
+    const char* line) {
     const char* const limit = buffer_.data() + buffer_.size();
     const char* p = line;
     // Most lines repeat the verb of the line before: 16 bytes of the line are compared at once
@@ -278,7 +285,7 @@ bool VRKJobPlayer::PlayCommonRun() {
     const char* p = data + begin_;
     bool played = true;
     while (line_ < INT_MAX) {
-        const char* const next = PlayCommonLine(p);
+        const char* const next = PlayCommonLineInPlace(p);
         if (next == nullptr) {
             break;
         }

@@ -81,6 +81,7 @@ class VRKJobPlayer {
     // one with anything uncommon in it, one that does not end before the buffer's read bytes
     // do): the general path then plays the line or reports what is wrong with it.
     const char* PlayCommonLine(const char* line);
+    const char* PlayCommonLineInPlace(const char* line);
     // Plays the common lines that follow one another in the buffer from begin_, and moves
     // begin_ past them. False when the generator failed in one of them.
     bool PlayCommonRun();
