@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <numbers>
 
 #include "generator/VRKPrintHPGL2Generator.h"
@@ -87,6 +89,18 @@ void VRKPrintHPGL2Generator::DrvDrawArcCircle(float cx, float cy, float radius, 
     VRKPrintHPGL2Generator::DrvDrawArcEllipse(cx, cy, radius, radius, start, end, 0.0f, filled);
 }
 
+namespace {
+
+// A number's text of at most 16 bytes, kept in a buffer of 32: the copy is one of a fixed 16 bytes,
+// without a call, and the stream's cursor then takes the text's length.
+void writeShortText(VRKPrintStream& s, const char* text, std::ptrdiff_t length) {
+    char* const at = s.Claim(32);
+    std::memcpy(at, text, 16);
+    s.Advance(at + length);
+}
+
+}  // namespace
+
 void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, double centreY,
                                              double radius, double angle, double sweep) {
     // Circles nearly always start at angle 0, where the cosine is 1 and the sine is the angle
@@ -104,7 +118,7 @@ void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, 
     }
     const auto writeY = [&](double y) {
         if (sameYEnd != nullptr) {
-            s.Write(std::string_view(sameY, static_cast<std::size_t>(sameYEnd - sameY)));
+            writeShortText(s, sameY, sameYEnd - sameY);
         } else {
             s.WriteFloat(y * 40.0);
         }
@@ -126,7 +140,7 @@ void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, 
         sweepLength = end != nullptr ? static_cast<int>(end - sweepText) : 0;
     }
     if (fixed2 && sweepLength > 0) {
-        s.Write(std::string_view(sweepText, static_cast<std::size_t>(sweepLength)));
+        writeShortText(s, sweepText, sweepLength);
     } else {
         s.WriteFloat(sweep);
     }

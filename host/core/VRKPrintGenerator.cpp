@@ -95,11 +95,6 @@ void VRKPrintGenerator::DrawPolyQuadBezier(int count, const float* xy) noexcept 
     Guard([&] { DrvDrawPolyQuadBezier(count, xy); });
 }
 
-void VRKPrintGenerator::DrawArcCircle(float cx, float cy, float radius, float start, float end,
-                                      int filled) noexcept {
-    Guard([&] { DrvDrawArcCircle(cx, cy, radius, start, end, filled); });
-}
-
 void VRKPrintGenerator::DrawArcEllipse(float cx, float cy, float rx, float ry, float start,
                                        float end, float rotation, int filled) noexcept {
     Guard([&] { DrvDrawArcEllipse(cx, cy, rx, ry, start, end, rotation, filled); });

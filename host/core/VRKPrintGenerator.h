@@ -37,7 +37,8 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void StartNewPage() noexcept;
     void StartNewPage(const VRKPrintParameters& params) noexcept;
 
-    // The two calls of every line of a drawing are made in place, without a call of their own.
+    // The calls of every line and circle of a drawing are made in place, without a call of
+    // their own.
     void MoveTo(float x, float y) noexcept {
         Guard([&] { DrvMoveTo(x, y); });
     }
@@ -49,7 +50,9 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void DrawPolyBezier(int count, const float* xy) noexcept;
     void DrawPolyQuadBezier(int count, const float* xy) noexcept;
     void DrawArcCircle(float cx, float cy, float radius, float start, float end,
-                       int filled) noexcept;
+                       int filled) noexcept {
+        Guard([&] { DrvDrawArcCircle(cx, cy, radius, start, end, filled); });
+    }
     void DrawArcEllipse(float cx, float cy, float rx, float ry, float start, float end,
                         float rotation, int filled) noexcept;
     void FillArea(int nbPolygons, const int* nbPoints, const float* points) noexcept;
