@@ -99,10 +99,30 @@ class NumberScanner {
             digits > (std::uint64_t{1} << 53)) {
             return VRKJobNumber::ScanCommonDecimal(start, limit_, value);
         }
-        const double v = static_cast<double>(digits) / VRKJobNumber::kExactPowersOfTen[decimals];
+        const double v = Quotient(digits, decimals);
         value = negative ? -v : v;
         return p;
     }
+
+    // digits / 10^decimals as the caller uses it: narrowed to a float. The division of two
+    // exact doubles gives the correctly rounded quotient; a multiplication by the double nearest
+    // 10^-decimals comes within two units of its last place, and narrowing either to a float
+    // gives the same float unless the quotient lies next to the midpoint of two floats (the 29
+    // bits a float drops are then near 2^28): there, and only there, the division is made.
+    static double Quotient(std::uint64_t digits, int decimals) {
+        const double q = static_cast<double>(digits) * kInversePowersOfTen[decimals];
+        std::uint64_t bits;
+        std::memcpy(&bits, &q, sizeof bits);
+        constexpr std::uint64_t kDropped = (std::uint64_t{1} << 29) - 1;
+        constexpr std::uint64_t kMidpoint = std::uint64_t{1} << 28;
+        if ((bits & kDropped) - (kMidpoint - 8) <= 16) {
+            return static_cast<double>(digits) / VRKJobNumber::kExactPowersOfTen[decimals];
+        }
+        return q;
+    }
+    static constexpr double kInversePowersOfTen[] = {
+        1e0,   1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,  1e-10, 1e-11,
+        1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22};
 
     const char* p_;
     const char* limit_;

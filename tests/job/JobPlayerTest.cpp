@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <random>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -782,6 +785,40 @@ TEST(JobPlayerCommonLines, LinesAcrossReadsOfAFile) {
         calls += call + "\n";
     }
     EXPECT_EQ(calls, lexedCalls(job));
+}
+
+// Numbers next to the midpoint of two floats, where rounding twice (to a double, then to a float)
+// is most easily got wrong, and random numbers of every length: common lines give the floats the
+// careful reading of the lexer gives.
+TEST(JobPlayerCommonLines, NumbersNearTheMidpointOfTwoFloats) {
+    std::mt19937 random(20261122);
+    std::uniform_real_distribution<float> magnitude(-3.0f, 7.0f);
+    std::string job = "Begin\n";
+    char text[64];
+    for (int i = 0; i < 4000; ++i) {
+        const float f = std::pow(10.0f, magnitude(random));
+        const float next = std::nextafter(f, 1e30f);
+        const double midpoint = (static_cast<double>(f) + next) / 2;
+        for (const int digits : {15, 16, 17}) {
+            std::snprintf(text, sizeof text, "%.*f",
+                          digits - 1 - static_cast<int>(std::floor(std::log10(midpoint))),
+                          midpoint);
+            job += std::string("LineTo ") + text + " -" + text + "\n";
+        }
+        // Plain random numbers: up to 19 digits, any number of them after the point.
+        std::uniform_int_distribution<int> count(1, 19);
+        const int n = count(random);
+        std::string number;
+        for (int d = 0; d < n; ++d) {
+            number += static_cast<char>('0' + random() % 10);
+        }
+        number.insert(random() % (n + 1), ".");
+        job += "MoveTo " + number + " 1\n";
+    }
+    job += "End\n";
+    const std::string expected = lexedCalls(job);
+    ASSERT_EQ(expected.find("error"), std::string::npos) << expected.substr(expected.size() - 300);
+    EXPECT_EQ(play(job), expected);
 }
 
 // A failure of the generator in a run of common lines stops at that line.
