@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <cstring>
+#include <utility>
 
 #include "host/core/VRKPrintGenerator.h"
 #include "host/job/VRKJobNumber.h"
@@ -136,42 +137,61 @@ std::uint64_t loadWord(const char* p) {
 
 }  // namespace
 
-void VRKJobPlayer::LearnCommonVerb(const Verb* verb) {
-    const Handler handler = verb->handler;
-    CommonKind kind = CommonKind::kNone;
-    if (handler == &VRKJobPlayer::DoMoveTo) {
-        kind = CommonKind::kMoveTo;
-    } else if (handler == &VRKJobPlayer::DoLineTo) {
-        kind = CommonKind::kLineTo;
-    } else if (handler == &VRKJobPlayer::DoDrawArcCircle) {
-        kind = CommonKind::kArcCircle;
-    } else if (handler == &VRKJobPlayer::DoFillArea) {
-        kind = CommonKind::kFillArea;
-    } else if (handler == &VRKJobPlayer::DoSelectDrawColor) {
-        kind = CommonKind::kDrawColor;
-    } else if (handler == &VRKJobPlayer::DoSelectFillColor) {
-        kind = CommonKind::kFillColor;
+void VRKJobPlayer::BuildCommonPatterns() {
+    const std::pair<const char*, CommonKind> common[kCommonVerbs] = {
+        {"MoveTo", CommonKind::kMoveTo},
+        {"LineTo", CommonKind::kLineTo},
+        {"DrawArcCircle", CommonKind::kArcCircle},
+        {"FillArea", CommonKind::kFillArea},
+        {"SelectDrawColor", CommonKind::kDrawColor},
+        {"SelectFillColor", CommonKind::kFillColor},
+    };
+    for (int i = 0; i < kCommonVerbs; ++i) {
+        CommonPattern& pattern = commonPatterns_[i];
+        pattern.kind = common[i].second;
+        pattern.verb = FindVerb(common[i].first);
+        pattern.length = std::strlen(pattern.verb->name);
+        // The verb and its blank, and a mask over just those bytes, in the byte order of a load
+        // (every common verb is shorter than 16 bytes).
+        char bytes[16] = {};
+        char mask[16] = {};
+        std::memcpy(bytes, pattern.verb->name, pattern.length);
+        bytes[pattern.length] = ' ';
+        std::memset(mask, '\xff', pattern.length + 1);
+        pattern.word[0] = loadWord(bytes);
+        pattern.word[1] = loadWord(bytes + 8);
+        pattern.mask[0] = loadWord(mask);
+        pattern.mask[1] = loadWord(mask + 8);
     }
-    const std::size_t length = std::strlen(verb->name);
-    commonVerb_ = verb;
-    commonKind_ = kind;
-    commonLength_ = length;
-    commonWord_[0] = commonWord_[1] = 0;
-    commonMask_[0] = commonMask_[1] = 0;
-    if (kind == CommonKind::kNone || length + 1 > 2 * sizeof(std::uint64_t)) {
-        commonKind_ = CommonKind::kNone;
-        return;
+}
+
+namespace {
+
+bool opensWith(const char* line, const std::uint64_t word[2], const std::uint64_t mask[2]) {
+    return ((loadWord(line) ^ word[0]) & mask[0]) == 0 &&
+           ((loadWord(line + 8) ^ word[1]) & mask[1]) == 0;
+}
+
+}  // namespace
+
+const VRKJobPlayer::CommonPattern* VRKJobPlayer::FindCommonPattern(const char* line) {
+    for (const CommonPattern& pattern : commonPatterns_) {
+        if (opensWith(line, pattern.word, pattern.mask)) {
+            return &pattern;
+        }
     }
-    // The verb and its blank, and a mask over just those bytes, in the byte order of a load.
-    char bytes[16] = {};
-    char mask[16] = {};
-    std::memcpy(bytes, verb->name, length);
-    bytes[length] = ' ';
-    std::memset(mask, '\xff', length + 1);
-    commonWord_[0] = loadWord(bytes);
-    commonWord_[1] = loadWord(bytes + 8);
-    commonMask_[0] = loadWord(mask);
-    commonMask_[1] = loadWord(mask + 8);
+    // A common verb with a tab after it: the verb is looked up by name.
+    const char* p = line;
+    while (*p != ' ' && *p != '\t' && *p != '\n' && *p != '\r' && *p != '\0') {
+        ++p;
+    }
+    const Verb* verb = FindVerb(std::string_view(line, static_cast<std::size_t>(p - line)));
+    for (const CommonPattern& pattern : commonPatterns_) {
+        if (verb != nullptr && pattern.verb == verb) {
+            return &pattern;
+        }
+    }
+    return nullptr;
 }
 
 const char* VRKJobPlayer::PlayCommonLine(const char* line) {
@@ -183,28 +203,17 @@ const char* VRKJobPlayer::PlayCommonLine(const char* line) {
 inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineInPlace(
     const char* line) {
     const char* const limit = buffer_.data() + buffer_.size();
-    const char* p = line;
     // Most lines repeat the verb of the line before: 16 bytes of the line are compared at once
-    // with the verb and a blank. Otherwise the verb is looked up, and remembered when common.
-    if (commonKind_ != CommonKind::kNone &&
-        ((loadWord(p) ^ commonWord_[0]) & commonMask_[0]) == 0 &&
-        ((loadWord(p + 8) ^ commonWord_[1]) & commonMask_[1]) == 0) {
-        p += commonLength_;
-    } else {
-        while (*p != ' ' && *p != '\t' && *p != '\n' && *p != '\r' && *p != '\0') {
-            ++p;
-        }
-        const Verb* verb = FindVerb(std::string_view(line, static_cast<std::size_t>(p - line)));
-        if (verb == nullptr) {
+    // with the verb and a blank. Otherwise the other common verbs are tried.
+    const CommonPattern* common = common_;
+    if (common == nullptr || !opensWith(line, common->word, common->mask)) {
+        common = FindCommonPattern(line);
+        if (common == nullptr) {
             return nullptr;
         }
-        if (verb != commonVerb_) {
-            LearnCommonVerb(verb);
-        }
-        if (commonKind_ == CommonKind::kNone) {
-            return nullptr;
-        }
+        common_ = common;
     }
+    const char* const p = line + common->length;
     // Every line played here is checked against the length limit, as the general path checks
     // it, before its call is made.
     const auto tooLong = [&](const char* next) {
@@ -212,7 +221,7 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
     };
     NumberScanner scan(p, limit);
     const char* next = nullptr;
-    switch (commonKind_) {
+    switch (common->kind) {
         case CommonKind::kMoveTo:
         case CommonKind::kLineTo: {
             float x = 0.0f, y = 0.0f;
@@ -220,8 +229,8 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
                 tooLong(next)) {
                 return nullptr;
             }
-            verb_ = commonVerb_;
-            if (commonKind_ == CommonKind::kLineTo) {
+            verb_ = common->verb;
+            if (common->kind == CommonKind::kLineTo) {
                 generator_.LineTo(x, y);
             } else {
                 generator_.MoveTo(x, y);
@@ -240,7 +249,7 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
                 (filled != 0 && filled != 1)) {
                 return nullptr;
             }
-            verb_ = commonVerb_;
+            verb_ = common->verb;
             generator_.DrawArcCircle(v[0], v[1], v[2], v[3], v[4], filled);
             return next;
         }
@@ -270,7 +279,7 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
             if ((next = scan.End()) == nullptr || tooLong(next)) {
                 return nullptr;
             }
-            verb_ = commonVerb_;
+            verb_ = common->verb;
             generator_.FillArea(polygons, counts_.data(), points_.data());
             return next;
         }
@@ -280,16 +289,14 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
             if (!scan.Int(index) || (next = scan.End()) == nullptr || tooLong(next)) {
                 return nullptr;
             }
-            verb_ = commonVerb_;
-            if (commonKind_ == CommonKind::kDrawColor) {
+            verb_ = common->verb;
+            if (common->kind == CommonKind::kDrawColor) {
                 generator_.SelectDrawColor(index);
             } else {
                 generator_.SelectFillColor(index);
             }
             return next;
         }
-        case CommonKind::kNone:
-            break;
     }
     return nullptr;
 }

@@ -64,6 +64,7 @@ VRKJobPlayer::VRKJobPlayer(VRKPrintGenerator& generator) : generator_(generator)
     for (const Verb& verb : kVerbs) {
         verbNames_.emplace_back(verb.name);
     }
+    BuildCommonPatterns();
 }
 
 class VRKJobPlayer::FileSource final : public Source {

@@ -58,6 +58,16 @@ class VRKJobPlayer {
         const char* usage;
     };
     static const Verb kVerbs[];
+    // A verb of common lines, as the bytes (and the mask of the bytes) that open its lines: the
+    // verb and one blank, at most 16 bytes.
+    enum class CommonKind { kMoveTo, kLineTo, kArcCircle, kFillArea, kDrawColor, kFillColor };
+    struct CommonPattern {
+        const Verb* verb = nullptr;
+        CommonKind kind = CommonKind::kMoveTo;
+        std::size_t length = 0;
+        std::uint64_t word[2] = {};
+        std::uint64_t mask[2] = {};
+    };
 
     // Where the job's bytes come from: a file or a stream, read a block at a time.
     class Source {
@@ -81,12 +91,14 @@ class VRKJobPlayer {
     // one with anything uncommon in it, one that does not end before the buffer's read bytes
     // do): the general path then plays the line or reports what is wrong with it.
     const char* PlayCommonLine(const char* line);
-    const char* PlayCommonLineInPlace(const char* line);
     // Plays the common lines that follow one another in the buffer from begin_, and moves
     // begin_ past them. False when the generator failed in one of them.
     bool PlayCommonRun();
-    // Remembers a common verb as a pattern of the line's first 16 bytes, for the next lines.
-    void LearnCommonVerb(const Verb* verb);
+    const char* PlayCommonLineInPlace(const char* line);
+    // The patterns of the common verbs, made once.
+    void BuildCommonPatterns();
+    // The common verb that opens `line`, or null.
+    const CommonPattern* FindCommonPattern(const char* line);
     bool Fail(std::string message);
     bool FailArgument(std::string_view what);
     const Verb* FindVerb(std::string_view name) const;
@@ -162,20 +174,8 @@ class VRKJobPlayer {
     std::vector<int> counts_;
     // The verb table's names as views, for the comparisons of every line.
     std::vector<std::string_view> verbNames_;
-    // The common verb met last, as the bytes (and the mask of the bytes) that open its lines:
-    // the verb and one blank.
-    enum class CommonKind {
-        kNone,
-        kMoveTo,
-        kLineTo,
-        kArcCircle,
-        kFillArea,
-        kDrawColor,
-        kFillColor
-    };
-    const Verb* commonVerb_ = nullptr;
-    CommonKind commonKind_ = CommonKind::kNone;
-    std::size_t commonLength_ = 0;
-    std::uint64_t commonWord_[2] = {};
-    std::uint64_t commonMask_[2] = {};
+    // The verbs of common lines (common_ is the one met last).
+    static constexpr int kCommonVerbs = 6;
+    CommonPattern commonPatterns_[kCommonVerbs];
+    const CommonPattern* common_ = nullptr;
 };
