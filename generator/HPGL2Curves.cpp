@@ -89,18 +89,6 @@ void VRKPrintHPGL2Generator::DrvDrawArcCircle(float cx, float cy, float radius, 
     VRKPrintHPGL2Generator::DrvDrawArcEllipse(cx, cy, radius, radius, start, end, 0.0f, filled);
 }
 
-namespace {
-
-// A number's text of at most 16 bytes, kept in a buffer of 32: the copy is one of a fixed 16 bytes,
-// without a call, and the stream's cursor then takes the text's length.
-void writeShortText(VRKPrintStream& s, const char* text, std::ptrdiff_t length) {
-    char* const at = s.Claim(32);
-    std::memcpy(at, text, 16);
-    s.Advance(at + length);
-}
-
-}  // namespace
-
 void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, double centreY,
                                              double radius, double angle, double sweep) {
     // Circles nearly always start at angle 0, where the cosine is 1 and the sine is the angle
@@ -108,43 +96,76 @@ void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, 
     const bool zero = angle == 0.0;
     const double startX = centreX + (zero ? 1.0 : std::cos(angle)) * radius;
     const double startY = centreY + (zero ? angle : std::sin(angle)) * radius;
-    // From angle 0 the arc starts level with the centre: the one text is made once and written
-    // twice (the same bits, signed zero included, give the same text).
-    char sameY[32];
-    const char* sameYEnd = nullptr;
-    if (std::bit_cast<std::uint64_t>(startY) == std::bit_cast<std::uint64_t>(centreY) &&
-        s.IsFixed() && s.GetPrecision() == 2) {
-        sameYEnd = formatFixed2Quick(sameY, startY * 40.0);
-    }
-    const auto writeY = [&](double y) {
-        if (sameYEnd != nullptr) {
-            writeShortText(s, sameY, sameYEnd - sameY);
-        } else {
-            s.WriteFloat(y * 40.0);
+    if (s.IsFixed() && s.GetPrecision() == 2) {
+        // Circle after circle has the same sweep: its text is kept.
+        if (std::bit_cast<std::uint64_t>(sweep) != sweepBits || sweepLength == 0) {
+            const char* const end = formatFixed2Quick(sweepText, sweep);
+            sweepBits = std::bit_cast<std::uint64_t>(sweep);
+            sweepLength = end != nullptr ? static_cast<int>(end - sweepText) : 0;
         }
-    };
+        // From angle 0 the arc starts level with the centre: the same bits (signed zero
+        // included) give the same text, made once.
+        const bool sameY =
+            std::bit_cast<std::uint64_t>(startY) == std::bit_cast<std::uint64_t>(centreY);
+        if (sweepLength > 0 && writeArcOutlineInPlace(s, startX * 40.0, startY * 40.0,
+                                                      centreX * 40.0, centreY * 40.0, sameY)) {
+            return;
+        }
+    }
     s.Write("PU");
     s.WriteFloat(startX * 40.0);
     s.Put(',');
-    writeY(startY);
+    s.WriteFloat(startY * 40.0);
     s.Write("PD;AA");
     s.WriteFloat(centreX * 40.0);
     s.Put(',');
-    writeY(centreY);
+    s.WriteFloat(centreY * 40.0);
     s.Put(',');
-    // Circle after circle has the same sweep: its text is kept.
-    const bool fixed2 = s.IsFixed() && s.GetPrecision() == 2;
-    if (fixed2 && (std::bit_cast<std::uint64_t>(sweep) != sweepBits || sweepLength == 0)) {
-        const char* const end = formatFixed2Quick(sweepText, sweep);
-        sweepBits = std::bit_cast<std::uint64_t>(sweep);
-        sweepLength = end != nullptr ? static_cast<int>(end - sweepText) : 0;
-    }
-    if (fixed2 && sweepLength > 0) {
-        writeShortText(s, sweepText, sweepLength);
-    } else {
-        s.WriteFloat(sweep);
-    }
+    s.WriteFloat(sweep);
     s.Write(",.5");  // chord angle 0.5 degree
+}
+
+bool VRKPrintHPGL2Generator::writeArcOutlineInPlace(VRKPrintStream& s, double x, double y,
+                                                    double cx, double cy, bool sameY) {
+    // The whole instruction goes into the room of one claim, the cursor moved once at the end;
+    // nothing is written when a number lacks the quick fixed form (the caller then writes it all
+    // the general way). At most 63 bytes, and the copies of kept texts take 16.
+    char* const start = s.Claim(96);
+    char* p = start;
+    std::memcpy(p, "PU", 2);
+    p = formatFixed2Quick(p + 2, x);
+    if (p == nullptr) {
+        return false;
+    }
+    *p++ = ',';
+    char* const yText = p;
+    p = formatFixed2Quick(p, y);
+    if (p == nullptr) {
+        return false;
+    }
+    const std::ptrdiff_t yLength = p - yText;
+    std::memcpy(p, "PD;AA", 5);
+    p = formatFixed2Quick(p + 5, cx);
+    if (p == nullptr) {
+        return false;
+    }
+    *p++ = ',';
+    if (sameY) {
+        // 16 bytes, the text and scratch after it, from the y of the PU a few bytes back.
+        std::memmove(p, yText, 16);
+        p += yLength;
+    } else {
+        p = formatFixed2Quick(p, cy);
+        if (p == nullptr) {
+            return false;
+        }
+    }
+    *p++ = ',';
+    std::memcpy(p, sweepText, 16);
+    p += sweepLength;
+    std::memcpy(p, ",.5", 3);  // chord angle 0.5 degree
+    s.Advance(p + 3);
+    return true;
 }
 
 void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start,

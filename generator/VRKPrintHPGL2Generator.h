@@ -153,6 +153,10 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // in degrees, chords of half a degree).
     void writeArcOutline(VRKPrintStream& s, double centreX, double centreY, double radius,
                          double angle, double sweep);
+    // The same instruction in one piece, from the start and centre in plotter units and the
+    // sweep's kept text; false, with nothing written, when a number needs the general form.
+    bool writeArcOutlineInPlace(VRKPrintStream& s, double x, double y, double cx, double cy,
+                                bool sameY);
     // Writes the SC that puts user units back to plotter units.
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.

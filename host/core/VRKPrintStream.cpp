@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kSmallestBuffer = 64;
+constexpr std::size_t kSmallestBuffer = 128;
 
 __extension__ typedef unsigned __int128 Wide;
 

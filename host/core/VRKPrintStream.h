@@ -125,7 +125,7 @@ class VRKPrintStream {
     }
     // Room for up to `size` bytes written in place: returns where to write them, and Advance()
     // then takes the end of what was written. For formatters that write straight into the
-    // buffer; `size` must not exceed the buffer (64 bytes always fit).
+    // buffer; `size` must not exceed the buffer (128 bytes always fit).
     char* Claim(std::size_t size) {
         Reserve(size);
         return cursor_;

@@ -3,6 +3,7 @@
 #include <numbers>
 #include <string>
 
+#include "host/core/VRKPrintMemoryStream.h"
 #include "properties/VRKPrintHPGLProperties.h"
 #include "support/HPGL2Peer.h"
 #include "support/Printable.h"
@@ -235,6 +236,40 @@ TEST(Circles, SameBytesAsTheEqualEllipse) {
         }
     }
     EXPECT_EQ(circle.Take(), ellipse.Take());
+}
+
+TEST(Circles, FarCentreTakesTheGeneralForm) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(210, 297, 1));
+    g.Take();
+    // 1,200,000 plotter units and more are past the quick fixed form, for one number or all.
+    g.DrawArcCircle(30000, 10, 5, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU1200200.00,400.00PD;AA1200000.00,400.00,360.00,.5");
+    g.DrawArcCircle(-5, 30000, 5, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU0.00,1200000.00PD;AA-200.00,1200000.00,360.00,.5");
+    g.DrawArcCircle(10, 10, 5, 0, kTwoPi, 0);
+    EXPECT_EQ(g.Take(), "PU600.00,400.00PD;AA400.00,400.00,360.00,.5");
+}
+
+TEST(Circles, SmallestStreamBufferFlushesBetweenCircles) {
+    // The smallest buffer a stream takes holds two circles: the third flushes first.
+    VRKPrintHPGL2Generator small("HPGL2");
+    VRKPrintMemoryStream smallStream(1);
+    small.Attach(&smallStream);
+    HPGL2Peer large;
+    small.Begin(FormParameters(210, 297, 1));
+    large.Begin(FormParameters(210, 297, 1));
+    for (int i = 0; i < 40; ++i) {
+        const float x = static_cast<float>(i) * 7.125f - 60.0f;
+        small.DrawArcCircle(x, -x, 2.5f, 0, kTwoPi, 0);
+        large.DrawArcCircle(x, -x, 2.5f, 0, kTwoPi, 0);
+    }
+    small.End();
+    large.End();
+    small.Attach(nullptr);
+    EXPECT_EQ(smallStream.Data(), large.Bytes());
+    EXPECT_NE(large.Bytes().find("PU-2300.00,2400.00PD;AA-2400.00,2400.00,360.00,.5"),
+              std::string::npos);
 }
 
 TEST(Circles, StartAboveEndSweepsThroughTheStart) {
