@@ -20,6 +20,15 @@
 
 namespace {
 
+// The calls a generator saw, one a line.
+std::string callsOf(const RecordingGenerator& generator) {
+    std::string out;
+    for (const std::string& call : generator.calls) {
+        out += call + "\n";
+    }
+    return out;
+}
+
 // What a job does: the calls the generator saw, one a line, and "error: FILE:LINE: message" at
 // the end when the job was refused.
 std::string play(const std::string& job, RecordingGenerator& generator,
@@ -27,10 +36,7 @@ std::string play(const std::string& job, RecordingGenerator& generator,
     VRKJobPlayer player(generator);
     std::istringstream in(job);
     const bool ok = player.Play(in, "JOB", folder);
-    std::string out;
-    for (const std::string& call : generator.calls) {
-        out += call + "\n";
-    }
+    std::string out = callsOf(generator);
     if (!ok) {
         out += "error: " + player.GetError().ToString() + "\n";
     } else if (!player.GetError().message.empty()) {
@@ -763,11 +769,7 @@ TEST(JobPlayerCommonLines, RunsInTheBufferMakeTheLexersCalls) {
         TrickleBuffer buffer(job, piece);
         std::istream in(&buffer);
         ASSERT_TRUE(player.Play(in, "JOB", "")) << piece << ": " << player.GetError().ToString();
-        std::string calls;
-        for (const std::string& call : generator.calls) {
-            calls += call + "\n";
-        }
-        EXPECT_EQ(calls, expected) << "pieces of " << piece << " bytes";
+        EXPECT_EQ(callsOf(generator), expected) << "pieces of " << piece << " bytes";
     }
 }
 
@@ -780,11 +782,7 @@ TEST(JobPlayerCommonLines, LinesAcrossReadsOfAFile) {
     RecordingGenerator generator;
     VRKJobPlayer player(generator);
     ASSERT_TRUE(player.PlayFile(path)) << player.GetError().ToString();
-    std::string calls;
-    for (const std::string& call : generator.calls) {
-        calls += call + "\n";
-    }
-    EXPECT_EQ(calls, lexedCalls(job));
+    EXPECT_EQ(callsOf(generator), lexedCalls(job));
 }
 
 // Numbers next to the midpoint of two floats, where rounding twice (to a double, then to a float)
