@@ -96,7 +96,7 @@ class NumberScanner {
             decimals = static_cast<int>(p - fraction);
             count += decimals;
         }
-        if (count == 0 || count > 19 || *p == 'e' || *p == 'E' || decimals > 22 ||
+        if (count == 0 || count > 19 || *p == 'e' || *p == 'E' ||
             digits > (std::uint64_t{1} << 53)) {
             return VRKJobNumber::ScanCommonDecimal(start, limit_, value);
         }
@@ -185,9 +185,9 @@ const VRKJobPlayer::CommonPattern* VRKJobPlayer::FindCommonPattern(const char* l
     while (*p != ' ' && *p != '\t' && *p != '\n' && *p != '\r' && *p != '\0') {
         ++p;
     }
-    const Verb* verb = FindVerb(std::string_view(line, static_cast<std::size_t>(p - line)));
+    const Verb* const verb = FindVerb(std::string_view(line, static_cast<std::size_t>(p - line)));
     for (const CommonPattern& pattern : commonPatterns_) {
-        if (verb != nullptr && pattern.verb == verb) {
+        if (pattern.verb == verb) {
             return &pattern;
         }
     }

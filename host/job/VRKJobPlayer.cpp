@@ -185,7 +185,7 @@ bool VRKJobPlayer::PlaySource(Source& source, const std::string& fileName,
         if (!line.empty() && line.back() == '\r') {
             line.remove_suffix(1);
         }
-        if (!PlayLine(line, line_)) {
+        if (!PlayLine(line, line_, read == LineRead::kLineReadOn)) {
             return false;
         }
     }
@@ -208,7 +208,7 @@ bool VRKJobPlayer::PlaySource(Source& source, const std::string& fileName,
 // instead of filling memory.
 VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& line) {
     constexpr std::size_t kBlock = std::size_t{1} << 18;
-    for (;;) {
+    for (LineRead found = LineRead::kLine;; found = LineRead::kLineReadOn) {
         const char* const data = buffer_.data();
         const void* lf =
             scanned_ < end_ ? std::memchr(data + scanned_, '\n', end_ - scanned_) : nullptr;
@@ -216,7 +216,7 @@ VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& 
             const auto at = static_cast<std::size_t>(static_cast<const char*>(lf) - data);
             line = std::string_view(data + begin_, at - begin_);
             begin_ = scanned_ = at + 1;
-            return line.size() > maxLineLength_ ? LineRead::kTooLong : LineRead::kLine;
+            return line.size() > maxLineLength_ ? LineRead::kTooLong : found;
         }
         scanned_ = end_;
         if (end_ - begin_ > maxLineLength_) {
@@ -231,7 +231,7 @@ VRKJobPlayer::LineRead VRKJobPlayer::NextLine(Source& source, std::string_view& 
             buffer_[end_] = '\n';
             line = std::string_view(buffer_.data() + begin_, end_ - begin_);
             begin_ = scanned_ = end_;
-            return LineRead::kLine;
+            return LineRead::kLineReadOn;
         }
         // Room for a block behind the unplayed bytes: move them to the front, and grow the
         // buffer when they fill most of it.
@@ -283,13 +283,13 @@ const VRKJobPlayer::Verb* VRKJobPlayer::FindVerb(std::string_view name) const {
     return nullptr;
 }
 
-bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber) {
+bool VRKJobPlayer::PlayLine(std::string_view line, int lineNumber, bool tryCommon) {
     if (lineNumber == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") {
         return Fail("the file starts with a byte order mark; job files are UTF-8 without one");
     }
     // Common lines were tried in the buffer already (PlayCommonRun): a line that comes here is
-    // one they do not take, or one that was not whole in the buffer then.
-    if (state_ == State::kInJob && PlayCommonLine(line.data()) != nullptr) {
+    // one they do not take, tried no more, or one that was not whole in the buffer then.
+    if (tryCommon && state_ == State::kInJob && PlayCommonLine(line.data()) != nullptr) {
         if (generator_.HasFailed()) {
             return Fail(std::string("the generator failed in ") + verb_->name);
         }

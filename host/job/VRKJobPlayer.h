@@ -49,7 +49,9 @@ class VRKJobPlayer {
 
   private:
     enum class State { kBeforeBegin, kInJob, kAfterEnd };
-    enum class LineRead { kLine, kEnd, kTooLong };
+    // kLine: a line that stood whole in the buffer when NextLine was called; kLineReadOn: one
+    // that it had to read on for (or the last line, which has no line end).
+    enum class LineRead { kLine, kLineReadOn, kEnd, kTooLong };
     using Handler = bool (VRKJobPlayer::*)();
     struct Verb {
         const char* name;
@@ -83,7 +85,8 @@ class VRKJobPlayer {
     // The next line, without its LF, as a view into the read buffer that stays valid until the
     // next call.
     LineRead NextLine(Source& source, std::string_view& line);
-    bool PlayLine(std::string_view line, int lineNumber);
+    // `tryCommon`: the line may be a common one that PlayCommonRun could not see whole.
+    bool PlayLine(std::string_view line, int lineNumber, bool tryCommon);
     // Plays the lines that make up nearly all of a large drawing (moves, lines, circles, fills,
     // colour choices) when they hold plain numbers and nothing else, reading the numbers straight
     // from the read buffer. `line` is the start of a line in the buffer. Returns the start of the
