@@ -78,7 +78,8 @@ void VRKPrintHPGL2Generator::DrvDrawArcCircle(float cx, float cy, float radius, 
         return;
     }
     // The outline of a circle in a solid line, the commonest curve of a drawing, goes straight
-    // to its AA (the ellipse's own path comes to the same bytes).
+    // to its AA: the ellipse's path comes to the same bytes after checks this call has made
+    // already, and a circle costs little more than those.
     if (filled == 0 && currentLineType == 1) {
         VRKPrintStream& s = out();
         const double sweep = (end - start) * kRadiansToDegrees;
@@ -191,7 +192,10 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
     // the ratio of the radii. Which plotter axis that is depends on the page rotation.
     const bool stretched = rx != ry;
     const bool rySmaller = ry < rx;
-    const double ratio = rySmaller ? static_cast<double>(rx) / ry : static_cast<double>(ry) / rx;
+    // Equal radii stretch nothing: no division for the circles among the ellipses.
+    const double ratio = !stretched  ? 1.0
+                         : rySmaller ? static_cast<double>(rx) / ry
+                                     : static_cast<double>(ry) / rx;
     const bool uprightPage = pageRotation == 0.0f || pageRotation == 180.0f;
     // Stretch y when the smaller radius is ry on an upright page, or rx on a turned one.
     const bool stretchY = rySmaller == uprightPage;
