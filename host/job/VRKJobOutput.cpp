@@ -1,139 +1,237 @@
 #include "host/job/VRKJobOutput.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 
 #include "host/core/VRKEnvironment.h"
+#include "host/core/VRKPrintFileStream.h"
+#include "host/job/VRKSenderStream.h"
+#include "host/output/VRKSendProgress.h"
+#include "host/output/VRKSender.h"
 
 namespace {
 
 constexpr int kSuffixLength = 4;  // ".tmp"
-
-std::string describe(const std::string& path) {
-    return path == "-" ? std::string("standard output") : "'" + path + "'";
-}
+constexpr std::size_t kSendBlock = std::size_t{1} << 16;
 
 }  // namespace
+
+VRKJobOutput::VRKJobOutput() = default;
 
 VRKJobOutput::~VRKJobOutput() {
     Discard();
 }
 
+std::string VRKJobOutput::Where() const {
+    switch (destination_.kind) {
+        case VRKDestination::Kind::kStandardOutput:
+            return "standard output";
+        case VRKDestination::Kind::kPath:
+            return destination_.path;
+        default:
+            return destination_.text;
+    }
+}
+
 bool VRKJobOutput::Open(const std::string& path, std::string& error) {
+    VRKDestination destination;
+    destination.text = path;
+    destination.path = path;
+    destination.kind = path == "-" ? VRKDestination::Kind::kStandardOutput
+                                   : VRKDestination::Kind::kPath;
+    return Open(destination, Options(), error);
+}
+
+bool VRKJobOutput::Open(const VRKDestination& destination, const Options& options,
+                        std::string& error) {
     Discard();
-    path_ = path;
-    std::string folder, name;
-    if (path == "-") {
-        folder = VRKEnvironment::TemporaryDirectory();
-        name = "vrkplot";
-    } else {
-        const std::size_t slash = path.find_last_of('/');
-        folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
-        name = slash == std::string::npos ? path : path.substr(slash + 1);
-        if (name.empty()) {
-            error = "cannot write " + describe(path) + ": the output names a folder";
+    destination_ = destination;
+    options_ = options;
+    size_ = 0;
+    receipt_.clear();
+
+    bool inPlace = destination.kind != VRKDestination::Kind::kPath;
+    if (destination.kind == VRKDestination::Kind::kPath) {
+        VRKOutputPath target;
+        if (!target.Resolve(destination.path, error)) {
             return false;
         }
+        if (target.GetKind() == VRKOutputPath::Kind::kInPlace) {
+            inPlace = true;
+        } else {
+            if (!file_.Create(target, error)) {
+                return false;
+            }
+            mode_ = Mode::kReplace;
+            return OpenTemporary(error);
+        }
     }
-    std::string pattern = folder + "." + name + ".XXXXXX.tmp";
-    const int fd = ::mkstemps(pattern.data(), kSuffixLength);
-    if (fd < 0) {
-        error = "cannot create a temporary file " +
-                (folder.empty() ? "here" : "in '" + folder + "'") + " for " + describe(path) +
-                ": " + std::strerror(errno);
+    if (!inPlace) {
         return false;
     }
-    // mkstemps makes the file private (0600); the plot gets the mode of a newly created file.
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
-    ::close(fd);
-    temporary_ = pattern;
-    stream_ = std::make_unique<VRKPrintFileStream>();
-    if (!stream_->Open(temporary_)) {
-        error = "cannot open the temporary file '" + temporary_ + "': " + std::strerror(errno);
-        ::unlink(temporary_.c_str());
-        temporary_.clear();
+    if (!options.stream) {
+        std::string pattern = VRKEnvironment::TemporaryDirectory() + ".vrkplot.XXXXXX.tmp";
+        const int fd = ::mkstemps(pattern.data(), kSuffixLength);
+        if (fd < 0) {
+            error = Where() + ": cannot create a temporary file in '" +
+                    VRKEnvironment::TemporaryDirectory() + "' for the plot: " +
+                    std::strerror(errno);
+            return false;
+        }
+        ::close(fd);
+        spooled_ = pattern;
+        mode_ = Mode::kSpool;
+        return OpenTemporary(error);
+    }
+    sender_ = VRKSender::Create(destination, options.send);
+    if (sender_ == nullptr || !sender_->Open(error)) {
+        error = Where() + ": " + (sender_ == nullptr ? std::string("cannot send there") : error);
+        sender_.reset();
+        return false;
+    }
+    mode_ = Mode::kStream;
+    stream_ = std::make_unique<VRKSenderStream>(*sender_, options.progress);
+    return true;
+}
+
+bool VRKJobOutput::OpenTemporary(std::string& error) {
+    const std::string& temporary = mode_ == Mode::kSpool ? spooled_ : file_.GetTemporaryPath();
+    auto stream = std::make_unique<VRKPrintFileStream>();
+    if (!stream->Open(temporary)) {
+        error = Where() + ": cannot open the temporary file '" + temporary +
+                "': " + std::strerror(errno);
+        Discard();
+        return false;
+    }
+    fileStream_ = stream.get();
+    stream_ = std::move(stream);
+    return true;
+}
+
+bool VRKJobOutput::CloseFileStream(std::string& error) {
+    size_ = stream_->BytesWritten();
+    if (!fileStream_->Close()) {
+        const std::string& temporary = mode_ == Mode::kSpool ? spooled_ : file_.GetTemporaryPath();
+        error = Where() + ": " + fileStream_->GetErrorText() + " (writing the temporary file '" +
+                temporary + "')";
         return false;
     }
     return true;
 }
 
 bool VRKJobOutput::Commit(std::string& error) {
-    if (temporary_.empty()) {
-        error = "no plot to write";
-        return false;
+    bool done = false;
+    switch (mode_) {
+        case Mode::kNone:
+            error = "no plot to write";
+            return false;
+        case Mode::kReplace:
+            done = CloseFileStream(error) && file_.Commit(error);
+            break;
+        case Mode::kSpool:
+            done = CloseFileStream(error) && SendSpooled(error);
+            break;
+        case Mode::kStream: {
+            auto* stream = static_cast<VRKSenderStream*>(stream_.get());
+            size_ = stream->BytesWritten();
+            stream->Flush();
+            stream->FinishProgress();
+            if (!stream->GetError().empty()) {
+                error = Where() + ": " + stream->GetError();
+            } else if (!sender_->Finish(error)) {
+                error = Where() + ": " + error;
+            } else {
+                TakeReceipt();
+                done = true;
+            }
+            break;
+        }
     }
-    if (!stream_->Close()) {
-        error = "cannot write the plot for " + describe(path_) + ": writing the temporary file '" +
-                temporary_ + "' failed: " + stream_->GetErrorText();
+    if (!done) {
         Discard();
         return false;
     }
-    if (path_ == "-") {
-        const bool copied = CopyToStandardOutput(error);
-        Discard();
-        return copied;
-    }
-    if (::rename(temporary_.c_str(), path_.c_str()) != 0) {
-        error = "cannot write " + describe(path_) + ": " + std::strerror(errno);
-        Discard();
-        return false;
-    }
-    temporary_.clear();
+    sender_.reset();
+    Discard();
     return true;
 }
 
-bool VRKJobOutput::CopyToStandardOutput(std::string& error) {
-    const int fd = ::open(temporary_.c_str(), O_RDONLY | O_CLOEXEC);
+bool VRKJobOutput::SendSpooled(std::string& error) {
+    const int fd = ::open(spooled_.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        error = "cannot read back the temporary file '" + temporary_ + "': " + std::strerror(errno);
+        error = Where() + ": cannot read back the temporary file '" + spooled_ +
+                "': " + std::strerror(errno);
         return false;
     }
-    VRKPrintFileStream out;
-    out.Open("-");
-    std::vector<char> block(std::size_t{1} << 16);
-    bool readFailed = false;
+    sender_ = VRKSender::Create(destination_, options_.send);
+    if (sender_ == nullptr || !sender_->Open(error)) {
+        error = Where() + ": " + (sender_ == nullptr ? std::string("cannot send there") : error);
+        ::close(fd);
+        return false;
+    }
+    VRKSendProgress progress(options_.progress ? size_ : 0, options_.progress ? 2 : -1);
+    std::vector<char> block(kSendBlock);
+    std::uint64_t sent = 0;
+    bool ok = true;
     for (;;) {
         const ssize_t n = ::read(fd, block.data(), block.size());
         if (n < 0 && errno == EINTR) {
             continue;
         }
-        if (n <= 0) {
-            readFailed = n < 0;
+        if (n < 0) {
+            error = Where() + ": cannot read back the temporary file '" + spooled_ +
+                    "': " + std::strerror(errno);
+            ok = false;
             break;
         }
-        out.WriteBytes(block.data(), static_cast<std::size_t>(n));
-        if (!out.Good()) {
+        if (n == 0) {
             break;
         }
+        if (!sender_->Send(block.data(), static_cast<std::size_t>(n), error)) {
+            error = Where() + ": " + error;
+            ok = false;
+            break;
+        }
+        sent += static_cast<std::uint64_t>(n);
+        progress.Update(sent);
     }
     ::close(fd);
-    const bool written = out.Close();
-    if (readFailed) {
-        error = "cannot read back the temporary file '" + temporary_ + "'";
+    if (ok && !sender_->Finish(error)) {
+        error = Where() + ": " + error;
+        ok = false;
+    }
+    progress.Finish();
+    if (!ok) {
+        sender_->Abort();
         return false;
     }
-    if (!written) {
-        error = "cannot write the plot to standard output: " + out.GetErrorText();
-        return false;
-    }
+    TakeReceipt();
     return true;
 }
 
+void VRKJobOutput::TakeReceipt() {
+    receipt_ = sender_->GetReceipt();
+}
+
 void VRKJobOutput::Discard() {
-    if (stream_ != nullptr) {
-        stream_->Close();
+    if (fileStream_ != nullptr) {
+        fileStream_->Close();
+        fileStream_ = nullptr;
     }
-    if (!temporary_.empty()) {
-        ::unlink(temporary_.c_str());
-        temporary_.clear();
+    stream_.reset();
+    if (sender_ != nullptr) {
+        sender_->Abort();
+        sender_.reset();
     }
+    file_.Discard();
+    if (!spooled_.empty()) {
+        ::unlink(spooled_.c_str());
+        spooled_.clear();
+    }
+    mode_ = Mode::kNone;
 }

@@ -1,46 +1,86 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
-#include "host/core/VRKPrintFileStream.h"
+#include "host/core/VRKPrintStream.h"
+#include "host/output/VRKDestination.h"
+#include "host/output/VRKOutputPath.h"
+#include "host/output/VRKReplacingFile.h"
+#include "host/output/VRKSendOptions.h"
 
-// The plot file of a job, written so that it appears whole or not at all. The plot goes into a
-// temporary file first: beside the output (same folder, so that the final rename stays on one
-// file system), or, for standard output ("-"), in the system's temporary directory. Commit()
-// renames it over the output, or copies it to standard output and removes it; Discard() and the
-// destructor remove it. Until Commit() succeeds an existing file of the output's name is left as
-// it was.
+class VRKPrintFileStream;
+class VRKSender;
+
+// The plot of a job on its way to its destination (see VRKDestination and VRKOutputPath):
 //
-// The temporary file is named ".NAME.XXXXXX.tmp" after the output's file name; the renamed output
-// gets the permissions a new file would get (0666 less the umask), not those of the file it
-// replaces.
+// - A file appears whole or not at all: it is written to a temporary file beside it and renamed
+//   over it by Commit(); an existing file keeps its mode, owner and group.
+// - Everything else (standard output, a character device, a FIFO, a socket file, a printer's
+//   TCP port, the spooler, a serial line) gets the plot only once it is complete: it is made in
+//   a temporary file in the system's temporary directory and sent by Commit(), so that a job
+//   that fails sends nothing to the plotter. With `stream` set, these destinations are opened
+//   by Open() and get the plot while it is made instead, for plots larger than the disk; a job
+//   that fails then has sent what it made so far.
+//
+// Every error comes back as "WHERE: reason", WHERE being the path or destination as the user gave
+// it ("/dev/full: No space left on device").
 class VRKJobOutput {
   public:
-    VRKJobOutput() = default;
+    struct Options {
+        bool stream = false;
+        VRKSendOptions send;
+        // A progress line on standard error while a send lasts (only on a terminal).
+        bool progress = true;
+    };
+
+    VRKJobOutput();
     ~VRKJobOutput();
     VRKJobOutput(const VRKJobOutput&) = delete;
     VRKJobOutput& operator=(const VRKJobOutput&) = delete;
 
-    // Creates the temporary file for a plot that is to end up at `path`. False with `error` set
-    // when it cannot.
+    // Prepares the output for one plot: checks that the destination can take it and opens what
+    // the generator writes to. False with `error` set when it cannot; nothing is changed then.
+    bool Open(const VRKDestination& destination, const Options& options, std::string& error);
+    // A path or "-" for standard output, with the default options.
     bool Open(const std::string& path, std::string& error);
+
     // The stream the generator writes to, fresh for every Open(); valid from a successful Open()
     // to Commit() or Discard().
-    VRKPrintFileStream& GetStream() { return *stream_; }
-    const std::string& GetTemporaryPath() const { return temporary_; }
+    VRKPrintStream& GetStream() { return *stream_; }
 
-    // Closes the plot and puts it in place. False with `error` set when a write failed (the
-    // stream's sticky error, the close, the copy to standard output) or the rename failed; the
-    // temporary file is gone either way.
+    // Completes the plot: puts the file in place, or sends it. False with `error` set when a
+    // write, the rename or the send failed; the temporary file is gone either way.
     bool Commit(std::string& error);
-    // Closes the plot and removes the temporary file.
+    // Drops the plot: removes the temporary file, or closes a streaming send.
     void Discard();
 
-  private:
-    bool CopyToStandardOutput(std::string& error);
+    // The plot's size in bytes, once committed.
+    std::uint64_t GetSize() const { return size_; }
+    // Whether the plot went to a file (written) rather than to a device or printer (sent).
+    bool IsFile() const { return mode_ == Mode::kReplace; }
+    // What the destination said on taking the plot (the spooler's request line), or empty.
+    const std::string& GetReceipt() const { return receipt_; }
 
-    std::string path_;
-    std::string temporary_;
-    std::unique_ptr<VRKPrintFileStream> stream_;
+  private:
+    enum class Mode { kNone, kReplace, kSpool, kStream };
+
+    std::string Where() const;
+    bool OpenTemporary(std::string& error);
+    bool CloseFileStream(std::string& error);
+    bool SendSpooled(std::string& error);
+    void TakeReceipt();
+
+    Mode mode_ = Mode::kNone;
+    VRKDestination destination_;
+    Options options_;
+    VRKReplacingFile file_;
+    // The spooled plot in the temporary directory (kSpool).
+    std::string spooled_;
+    std::unique_ptr<VRKSender> sender_;
+    std::unique_ptr<VRKPrintStream> stream_;
+    VRKPrintFileStream* fileStream_ = nullptr;
+    std::uint64_t size_ = 0;
+    std::string receipt_;
 };

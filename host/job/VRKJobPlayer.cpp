@@ -126,6 +126,17 @@ class VRKJobPlayer::StreamSource final : public Source {
 };
 
 bool VRKJobPlayer::PlayFile(const std::string& path) {
+    if (path == "-") {
+        // Standard input, read as a file is (the source closes its own descriptor).
+        const int fd = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0);
+        if (fd < 0) {
+            error_ = VRKJobError{"standard input", 0,
+                                 std::string("cannot read the job: ") + std::strerror(errno)};
+            return false;
+        }
+        FileSource source(fd);
+        return PlaySource(source, "standard input", std::string());
+    }
     error_ = VRKJobError{path, 0, {}};
     struct stat info {};
     if (::stat(path.c_str(), &info) != 0) {

@@ -31,8 +31,9 @@ class VRKJobPlayer {
     VRKJobPlayer(const VRKJobPlayer&) = delete;
     VRKJobPlayer& operator=(const VRKJobPlayer&) = delete;
 
-    // Plays the job file at `path`; bitmap paths are taken from the file's folder. True when the
-    // whole job was played, from Begin to End.
+    // Plays the job file at `path`; bitmap paths are taken from the file's folder. "-" plays
+    // standard input, named "standard input" in messages, with bitmaps from the current folder.
+    // True when the whole job was played, from Begin to End.
     bool PlayFile(const std::string& path);
     // Plays a job read from `in`. `fileName` names the job in error messages; `baseFolder` is
     // the folder relative bitmap paths are taken from (empty: the current folder).

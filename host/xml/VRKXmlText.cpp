@@ -1,5 +1,6 @@
 #include "host/xml/VRKXmlText.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,9 @@
 #include <cstring>
 #include <fstream>
 #include <sstream>
+
+#include "host/output/VRKOutputPath.h"
+#include "host/output/VRKReplacingFile.h"
 
 namespace vrk_xml {
 
@@ -29,13 +33,10 @@ bool readWholeFile(const std::string& path, std::string& text, std::string& erro
     return true;
 }
 
-bool writeWholeFile(const std::string& path, std::string_view text, std::string& error) {
-    std::string temporary = path + ".XXXXXX";
-    const int fd = mkstemp(temporary.data());
-    if (fd < 0) {
-        error = path + ": cannot write: " + std::strerror(errno);
-        return false;
-    }
+namespace {
+
+// Writes all of `text` to `fd`; false with errno set when a write fails.
+bool writeAll(int fd, std::string_view text) {
     size_t written = 0;
     while (written < text.size()) {
         const ssize_t n = ::write(fd, text.data() + written, text.size() - written);
@@ -43,23 +44,54 @@ bool writeWholeFile(const std::string& path, std::string_view text, std::string&
             if (errno == EINTR) {
                 continue;
             }
-            error = path + ": cannot write: " + std::strerror(errno);
-            ::close(fd);
-            std::remove(temporary.c_str());
             return false;
         }
         written += static_cast<size_t>(n);
     }
-    // mkstemp makes the file readable by its owner only; a settings file is an ordinary file.
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
-    if (::close(fd) != 0 || std::rename(temporary.c_str(), path.c_str()) != 0) {
-        error = path + ": cannot write: " + std::strerror(errno);
-        std::remove(temporary.c_str());
+    return true;
+}
+
+}  // namespace
+
+bool writeWholeFile(const std::string& path, std::string_view text, std::string& error) {
+    VRKOutputPath target;
+    if (!target.Resolve(path, error)) {
         return false;
     }
-    return true;
+    if (target.GetKind() == VRKOutputPath::Kind::kInPlace) {
+        // A device or a pipe (/dev/stdout, say) takes the text as it is: it is not replaced.
+        const int fd = ::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
+        if (fd < 0 || !writeAll(fd, text)) {
+            error = path + ": cannot write: " + std::strerror(errno);
+            if (fd >= 0) {
+                ::close(fd);
+            }
+            return false;
+        }
+        if (::close(fd) != 0) {
+            error = path + ": cannot write: " + std::strerror(errno);
+            return false;
+        }
+        return true;
+    }
+    VRKReplacingFile file;
+    if (!file.Create(target, error)) {
+        error = path + ": cannot write: " + std::strerror(errno);
+        return false;
+    }
+    const int fd = ::open(file.GetTemporaryPath().c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    if (fd < 0 || !writeAll(fd, text)) {
+        error = path + ": cannot write: " + std::strerror(errno);
+        if (fd >= 0) {
+            ::close(fd);
+        }
+        return false;
+    }
+    if (::close(fd) != 0) {
+        error = path + ": cannot write: " + std::strerror(errno);
+        return false;
+    }
+    return file.Commit(error);
 }
 
 int lineOfOffset(std::string_view text, std::ptrdiff_t offset) {

@@ -18,12 +18,14 @@ class Vrkplot : public ::testing::Test {
     std::string out;
     std::string err;
 
-    // Runs vrkplot in the working folder and returns its exit status.
+    // Runs vrkplot in the working folder and returns its exit status. Standard output goes to
+    // `stdoutPath` when given (and `out` is then empty), standard input comes from `stdinPath`.
     int Run(std::vector<std::string> args, const std::vector<std::string>& env = {},
-            const std::string& stdoutPath = "") {
+            const std::string& stdoutPath = "", const std::string& stdinPath = "/dev/null") {
         args.insert(args.begin(), VRKPLOT_PATH);
         const std::string outPath = stdoutPath.empty() ? io.File("stdout") : stdoutPath;
-        const int status = RunProgram(args, folder.Path(), outPath, io.File("stderr"), env);
+        const int status =
+            RunProgram(args, folder.Path(), outPath, io.File("stderr"), env, stdinPath);
         out = stdoutPath.empty() ? ReadFileBytes(outPath) : std::string();
         err = ReadFileBytes(io.File("stderr"));
         return status;

@@ -1,0 +1,116 @@
+#include "tools/vrkplot/JobPlotter.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <iostream>
+#include <utility>
+
+#include "host/core/VRKPrintFileGenerator.h"
+#include "host/job/VRKJobPlayer.h"
+#include "host/output/VRKSendProgress.h"
+#include "host/xml/VRKGeneratorSettings.h"
+
+namespace {
+
+// True when both paths name the same existing file.
+bool sameFile(const std::string& a, const std::string& b) {
+    struct stat sa {
+    }, sb{};
+    return ::stat(a.c_str(), &sa) == 0 && ::stat(b.c_str(), &sb) == 0 && sa.st_dev == sb.st_dev &&
+           sa.st_ino == sb.st_ino;
+}
+
+std::string describeJob(const std::string& job) {
+    return job == "-" ? std::string("standard input") : job;
+}
+
+}  // namespace
+
+JobPlotter::JobPlotter(const VRKClassEntry& language, std::vector<Settings> settings)
+    : language_(language), settings_(std::move(settings)) {}
+
+VRKBaseUnknown* JobPlotter::MakeGenerator() const {
+    VRKBaseUnknown* generator = language_.factory != nullptr ? language_.factory() : nullptr;
+    if (generator == nullptr) {
+        std::cerr << "vrkplot: cannot create a generator for the language " << language_.language
+                  << '\n';
+        return nullptr;
+    }
+    for (const Settings& settings : settings_) {
+        std::string error;
+        // The reader takes the element as it is; a copy keeps ours for the next job.
+        VRKLightXmlElement element = settings.element;
+        if (!VRKGeneratorSettings::Read(generator, element, settings.source, error)) {
+            std::cerr << "vrkplot: " << error << " (language " << language_.language << ")\n";
+            generator->Release();
+            return nullptr;
+        }
+    }
+    return generator;
+}
+
+bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination) const {
+    if (destination.kind == VRKDestination::Kind::kPath && job != "-" &&
+        sameFile(job, destination.path)) {
+        std::cerr << "vrkplot: " << destination.path << ": the output is the job file itself\n";
+        return false;
+    }
+    VRKBaseUnknown* object = MakeGenerator();
+    if (object == nullptr) {
+        return false;
+    }
+    auto* generator = dynamic_cast<VRKPrintFileGenerator*>(object);
+    if (generator == nullptr) {
+        object->Release();
+        std::cerr << "vrkplot: cannot create a file generator for the language "
+                  << language_.language << '\n';
+        return false;
+    }
+
+    VRKJobOutput out;
+    std::string error;
+    if (!out.Open(destination, options_, error)) {
+        generator->Release();
+        std::cerr << "vrkplot: " << error << '\n';
+        return false;
+    }
+    // Generators take the job name from the stream's path: a plot file is named after itself,
+    // a plot sent to a plotter after its drawing, since "/dev/usb/lp0" names nothing.
+    std::string jobName = jobName_;
+    if (jobName.empty()) {
+        jobName = out.IsFile() ? destination.path : describeJob(job);
+    }
+    out.GetStream().SetPath(VRKUnicodeString(jobName));
+    generator->Attach(&out.GetStream());
+    VRKJobPlayer player(*generator);
+    const bool played = player.PlayFile(job);
+    generator->Attach(nullptr);
+    generator->Release();
+
+    if (!played) {
+        out.Discard();
+        std::cerr << player.GetError().ToString() << '\n';
+        return false;
+    }
+    if (!out.Commit(error)) {
+        std::cerr << "vrkplot: " << error << '\n';
+        return false;
+    }
+    if (report_ != nullptr) {
+        std::string where =
+            destination.kind == VRKDestination::Kind::kStandardOutput ? "standard output"
+            : destination.kind == VRKDestination::Kind::kPath          ? destination.path
+                                                                       : destination.text;
+        if (!printerName_.empty()) {
+            where = "printer " + printerName_ + " at " + where;
+        }
+        *report_ << describeJob(job) << " -> " << where << " (" << language_.language << ", "
+                 << VRKSendProgress::FormatSize(out.GetSize()) << ")";
+        if (!out.GetReceipt().empty()) {
+            *report_ << ": " << out.GetReceipt();
+        }
+        *report_ << std::endl;
+    }
+    return true;
+}

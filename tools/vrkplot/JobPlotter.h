@@ -1,0 +1,50 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "host/core/VRKClassEntry.h"
+#include "host/job/VRKJobOutput.h"
+#include "host/output/VRKDestination.h"
+#include "host/xml/VRKLightXmlElement.h"
+
+class VRKBaseUnknown;
+
+// Plots job files with one language and its settings, each to a destination, and says what it
+// did: one line per plot ("plan.job -> plan.plt (HPGL2, 23 KB)") unless quiet, errors on standard
+// error.
+class JobPlotter {
+  public:
+    // Settings read into every generator before its job, in order: a printer's, then a file's.
+    struct Settings {
+        VRKLightXmlElement element;
+        std::string source;
+    };
+
+    JobPlotter(const VRKClassEntry& language, std::vector<Settings> settings);
+
+    void SetOptions(const VRKJobOutput::Options& options) { options_ = options; }
+    // Where the lines that say what was done go; null keeps quiet.
+    void SetReport(std::ostream* report) { report_ = report; }
+    // The name of the printer the plots go to, for those lines.
+    void SetPrinterName(const std::string& name) { printerName_ = name; }
+    // The job name for every plot; empty: the output file's path as given, or, for a plot that is
+    // sent rather than written, the job file's name.
+    void SetJobName(const std::string& name) { jobName_ = name; }
+
+    // A generator of the language with the settings read into it, or null after printing why
+    // not. The caller releases it.
+    VRKBaseUnknown* MakeGenerator() const;
+    // Plots `job` ("-": standard input) to `destination`; prints the error and returns false when
+    // it cannot.
+    bool Plot(const std::string& job, const VRKDestination& destination) const;
+
+  private:
+    const VRKClassEntry& language_;
+    std::vector<Settings> settings_;
+    VRKJobOutput::Options options_;
+    std::ostream* report_ = nullptr;
+    std::string printerName_;
+    std::string jobName_;
+};

@@ -1,0 +1,234 @@
+#include "tools/vrkplot/PlotCommand.h"
+
+#include <iostream>
+#include <optional>
+
+#include "host/core/VRKBaseUnknown.h"
+#include "host/output/VRKDestination.h"
+#include "host/output/VRKOutputPath.h"
+#include "host/printers/VRKPrinter.h"
+#include "host/printers/VRKPrinterManager.h"
+#include "host/xml/VRKGeneratorSettings.h"
+#include "host/xml/VRKLightXmlFile.h"
+#include "tools/vrkplot/JobPlotter.h"
+#include "tools/vrkplot/Languages.h"
+
+namespace {
+
+constexpr int kFailure = 2;
+constexpr const char* kDefaultLanguage = "HPGL2";
+// Seconds a printer's TCP port may keep us waiting by default.
+constexpr double kSocketTimeout = 30;
+
+int fail(const std::string& message) {
+    std::cerr << "vrkplot: " << message << '\n';
+    return kFailure;
+}
+
+// The output a job file gets without -o: its path with the extension replaced by ".plt", or
+// ".plt" added when the file name has none. A leading dot does not start an extension.
+std::string defaultOutput(const std::string& job) {
+    const std::size_t slash = job.find_last_of('/');
+    const std::size_t nameStart = slash == std::string::npos ? 0 : slash + 1;
+    const std::size_t dot = job.find_last_of('.');
+    if (dot != std::string::npos && dot > nameStart) {
+        return job.substr(0, dot) + ".plt";
+    }
+    return job + ".plt";
+}
+
+VRKDestination pathDestination(const std::string& path) {
+    VRKDestination destination;
+    destination.text = path;
+    destination.path = path;
+    destination.kind =
+        path == "-" ? VRKDestination::Kind::kStandardOutput : VRKDestination::Kind::kPath;
+    return destination;
+}
+
+// True when plots to `destination` replace a file (rather than go to a device or a printer).
+bool isFile(const VRKDestination& destination) {
+    if (destination.kind != VRKDestination::Kind::kPath) {
+        return false;
+    }
+    VRKOutputPath target;
+    std::string ignored;
+    return !target.Resolve(destination.path, ignored) ||
+           target.GetKind() != VRKOutputPath::Kind::kInPlace;
+}
+
+// The language of the command: -l, else the printer's, else the settings file's, else HPGL2.
+const VRKClassEntry* chooseLanguage(const std::string& language, const VRKLightXmlElement* file,
+                                    const std::string& settingsPath, std::string& error) {
+    if (!language.empty()) {
+        return vrkplot::findLanguage(language, error);
+    }
+    if (file != nullptr) {
+        return vrkplot::languageOfSettings(*file, settingsPath, error);
+    }
+    return vrkplot::findLanguage(kDefaultLanguage, error);
+}
+
+}  // namespace
+
+int PlotCommand::Run() const {
+    if (jobs.empty() && !haveSaveSettings) {
+        return fail("no job file given (see --help)");
+    }
+    if (haveOutput && output.empty()) {
+        return fail("-o needs a file name, or - for standard output");
+    }
+
+    // The printer: its language, settings and destination.
+    std::vector<JobPlotter::Settings> settings;
+    std::string languageName = language;
+    std::optional<VRKDestination> destination;
+    std::string error;
+    if (!printer.empty()) {
+        VRKPrinterManager manager;
+        if (!manager.Begin()) {
+            return fail(manager.GetError());
+        }
+        const VRKPrinter* found = manager.Find(printer);
+        if (found == nullptr) {
+            std::string message = "no printer '" + printer + "' in " + VRKPrinterManager::DefaultPath();
+            VRKRawCollPV list;
+            manager.GetPrinterList(list);
+            std::string names;
+            for (int i = 1; i <= list.Size(); ++i) {
+                names += (names.empty() ? "" : ", ") +
+                         static_cast<const VRKPrinter*>(list[i])->GetName().ToUtf8();
+            }
+            manager.End();
+            return fail(message + (names.empty() ? std::string(" (the list is empty; see "
+                                                                "'vrkplot printers --help')")
+                                                 : "; printers: " + names));
+        }
+        languageName = found->GetLanguage().ToUtf8();
+        const std::string source = VRKPrinterManager::DefaultPath() + ":" +
+                                   std::to_string(found->GetSourceLine()) + ": printer '" +
+                                   printer + "'";
+        if (found->GetSettings() != nullptr) {
+            settings.push_back({*found->GetSettings(), source});
+        }
+        if (!haveOutput) {
+            destination.emplace();
+            if (!VRKDestination::Parse(found->GetDestination().ToUtf8(), *destination, error)) {
+                manager.End();
+                return fail(source + ": destination '" + found->GetDestination().ToUtf8() +
+                            "': " + error);
+            }
+        }
+        manager.End();
+        if (vrkplot::findLanguage(languageName, error) == nullptr) {
+            return fail(source + ": " + error);
+        }
+    }
+
+    // The settings file, read and tried before any job runs so that a bad file stops everything
+    // before a plot is written.
+    VRKLightXmlElement file;
+    if (!settingsPath.empty()) {
+        if (!VRKLightXmlFile::Read(settingsPath, file, error)) {
+            return fail(error);
+        }
+    }
+    const VRKClassEntry* entry = chooseLanguage(
+        languageName, settingsPath.empty() ? nullptr : &file, settingsPath, error);
+    if (entry == nullptr) {
+        return fail(error);
+    }
+    if (!settingsPath.empty()) {
+        settings.push_back({file, settingsPath});
+    }
+    JobPlotter plotter(*entry, settings);
+    VRKBaseUnknown* generator = plotter.MakeGenerator();
+    if (generator == nullptr) {
+        return kFailure;
+    }
+
+    if (haveOutput) {
+        destination.emplace();
+        if (!VRKDestination::Parse(output, *destination, error)) {
+            generator->Release();
+            return fail(output + ": " + error);
+        }
+    }
+    if (destination.has_value() && jobs.size() > 1 && isFile(*destination)) {
+        generator->Release();
+        if (haveOutput) {
+            return fail("-o goes with a single job file when it names a file; " +
+                        std::to_string(jobs.size()) + " were given");
+        }
+        return fail("printer '" + printer + "' writes to the file '" + destination->path +
+                    "': give one job file at a time");
+    }
+
+    VRKJobOutput::Options options;
+    options.stream = stream;
+    options.progress = !quiet;
+    bool toStandardOutput = false;
+    for (const std::string& job : jobs) {
+        toStandardOutput = toStandardOutput ||
+                           (destination.has_value()
+                                ? destination->kind == VRKDestination::Kind::kStandardOutput
+                                : job == "-");
+    }
+    // What was done is said on standard output, unless a plot goes there.
+    plotter.SetReport(quiet ? nullptr : toStandardOutput ? &std::cerr : &std::cout);
+    plotter.SetPrinterName(printer);
+    if (haveJobName) {
+        plotter.SetJobName(jobName);
+    }
+
+    int status = 0;
+    for (const std::string& job : jobs) {
+        const VRKDestination target =
+            destination.has_value() ? *destination
+                                    : pathDestination(job == "-" ? "-" : defaultOutput(job));
+        options.send.timeoutSeconds =
+            haveTimeout ? timeoutSeconds
+                        : (target.kind == VRKDestination::Kind::kSocket ? kSocketTimeout : 0);
+        plotter.SetOptions(options);
+        if (!plotter.Plot(job, target)) {
+            status = kFailure;
+        }
+    }
+    if (haveSaveSettings &&
+        !VRKGeneratorSettings::WriteFile(generator, saveSettingsPath, error)) {
+        std::cerr << "vrkplot: " << error << '\n';
+        status = kFailure;
+    }
+    generator->Release();
+    return status;
+}
+
+int PlotCommand::PrintSettings(const std::string& language, const std::string& settingsPath) {
+    std::string error;
+    VRKLightXmlElement file;
+    if (!settingsPath.empty() && !VRKLightXmlFile::Read(settingsPath, file, error)) {
+        return fail(error);
+    }
+    const VRKClassEntry* entry =
+        chooseLanguage(language, settingsPath.empty() ? nullptr : &file, settingsPath, error);
+    if (entry == nullptr) {
+        return fail(error);
+    }
+    std::vector<JobPlotter::Settings> settings;
+    if (!settingsPath.empty()) {
+        settings.push_back({file, settingsPath});
+    }
+    VRKBaseUnknown* generator = JobPlotter(*entry, settings).MakeGenerator();
+    if (generator == nullptr) {
+        return kFailure;
+    }
+    VRKLightXmlElement element;
+    const bool written = VRKGeneratorSettings::Write(generator, element, error);
+    generator->Release();
+    if (!written) {
+        return fail(error);
+    }
+    std::cout << VRKLightXmlFile::ToText(element);
+    std::cout.flush();
+    return std::cout ? 0 : kFailure;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// `vrkplot JOB...`: plots job files with a language or a printer, to their destinations.
+struct PlotCommand {
+    std::vector<std::string> jobs;
+    std::string language;
+    std::string printer;
+    std::string output;
+    std::string jobName;
+    std::string settingsPath;
+    std::string saveSettingsPath;
+    bool stream = false;
+    double timeoutSeconds = 0;
+    bool quiet = false;
+    // Which of the options above were given.
+    bool haveOutput = false;
+    bool haveTimeout = false;
+    bool haveJobName = false;
+    bool haveSaveSettings = false;
+
+    // Runs the command; the exit status.
+    int Run() const;
+
+    // `vrkplot settings`: prints the settings of `language` (empty: HPGL2, or the language of the
+    // settings file) with the settings file (if any) read over its defaults.
+    static int PrintSettings(const std::string& language, const std::string& settingsPath);
+};
