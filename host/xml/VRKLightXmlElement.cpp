@@ -53,6 +53,7 @@ void VRKLightXmlElement::Clear() {
     name_ = VRKString();
     attributes_.clear();
     children_.clear();
+    sourceLine_ = 0;
 }
 
 bool operator==(const VRKLightXmlElement& a, const VRKLightXmlElement& b) {

@@ -9,6 +9,9 @@
 // The host's light XML model: an element with a name, attributes in the order they were set and
 // child elements in document order. Text content, comments and processing instructions are not
 // part of the model. An element owns its children.
+//
+// An element read from a file knows the line its start tag is on, for messages about it; the line
+// is not part of the element's value and two elements on different lines can be equal.
 class VRKLightXmlElement {
   public:
     VRKLightXmlElement() = default;
@@ -39,14 +42,20 @@ class VRKLightXmlElement {
     VRKLightXmlElement& AddChild(VRKLightXmlElement child);
     void RemoveChildren() { children_.clear(); }
 
-    // Removes name, attributes and children.
+    // The 1-based line of the element's start tag in the text it was read from; 0 when unknown
+    // (an element made in code).
+    int GetSourceLine() const { return sourceLine_; }
+    void SetSourceLine(int line) { sourceLine_ = line; }
+
+    // Removes name, attributes and children, and forgets the line.
     void Clear();
 
-    // Same name, same attributes in the same order, same children.
+    // Same name, same attributes in the same order, same children; the lines do not count.
     friend bool operator==(const VRKLightXmlElement& a, const VRKLightXmlElement& b);
 
   private:
     VRKString name_;
     std::vector<std::pair<VRKString, VRKString>> attributes_;
     std::vector<VRKLightXmlElement> children_;
+    int sourceLine_ = 0;
 };

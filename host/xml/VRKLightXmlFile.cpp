@@ -2,22 +2,73 @@
 
 #include <pugixml.hpp>
 
+#include <algorithm>
 #include <sstream>
 
 #include "host/xml/VRKXmlText.h"
 
 namespace {
 
-void fromPugi(const pugi::xml_node& node, VRKLightXmlElement& element) {
+// The lines of byte offsets met in document order. Offsets only grow from one element to the
+// next, so the cursor goes on from where it stopped and a whole document costs one pass over its
+// text (an offset behind the cursor is counted back from it).
+class LineCursor {
+  public:
+    explicit LineCursor(std::string_view text) : text_(text) {}
+
+    // The 1-based line of an offset; 0 for an offset outside the text.
+    int LineOf(std::ptrdiff_t offset) {
+        if (offset < 0 || static_cast<size_t>(offset) > text_.size()) {
+            return 0;
+        }
+        const auto target = static_cast<size_t>(offset);
+        const char* base = text_.data();
+        if (target >= offset_) {
+            line_ += static_cast<int>(std::count(base + offset_, base + target, '\n'));
+        } else {
+            line_ -= static_cast<int>(std::count(base + target, base + offset_, '\n'));
+        }
+        offset_ = target;
+        return line_;
+    }
+
+  private:
+    std::string_view text_;
+    size_t offset_ = 0;
+    int line_ = 1;
+};
+
+// Deeper documents are refused: the light model and its copies, comparisons and destruction go
+// down the tree by recursion, and a file of nested elements must not exhaust the stack. The
+// host's own files are five levels deep at most (a printer list with pens).
+constexpr int kMaxDepth = 256;
+
+// Converts an element and its children; false, with the element too deep, when the document goes
+// below kMaxDepth. `lines` is null when the parsed text is not the text the offsets count in (a
+// document in another encoding, converted to UTF-8 before parsing): the elements then have no
+// line.
+bool fromPugi(const pugi::xml_node& node, VRKLightXmlElement& element, LineCursor* lines, int depth,
+              pugi::xml_node& tooDeep) {
     element.SetName(node.name());
+    if (lines != nullptr) {
+        element.SetSourceLine(lines->LineOf(node.offset_debug()));
+    }
     for (const pugi::xml_attribute& attribute : node.attributes()) {
         element.SetAttribute(attribute.name(), attribute.value());
     }
     for (const pugi::xml_node& child : node.children()) {
-        if (child.type() == pugi::node_element) {
-            fromPugi(child, element.AddChild(VRKLightXmlElement()));
+        if (child.type() != pugi::node_element) {
+            continue;
+        }
+        if (depth == kMaxDepth) {
+            tooDeep = child;
+            return false;
+        }
+        if (!fromPugi(child, element.AddChild(VRKLightXmlElement()), lines, depth + 1, tooDeep)) {
+            return false;
         }
     }
+    return true;
 }
 
 void toPugi(const VRKLightXmlElement& element, pugi::xml_node node) {
@@ -46,8 +97,17 @@ bool VRKLightXmlFile::Parse(std::string_view text, VRKLightXmlElement& root, std
         error = sourceName + ": not XML: no element";
         return false;
     }
-    root.Clear();
-    fromPugi(top, root);
+    LineCursor lines(text);
+    VRKLightXmlElement parsed;
+    pugi::xml_node tooDeep;
+    if (!fromPugi(top, parsed, result.encoding == pugi::encoding_utf8 ? &lines : nullptr, 1,
+                  tooDeep)) {
+        error = sourceName + ":" +
+                std::to_string(vrk_xml::lineOfOffset(text, tooDeep.offset_debug())) +
+                ": elements nested more than " + std::to_string(kMaxDepth) + " deep";
+        return false;
+    }
+    root = std::move(parsed);
     return true;
 }
 

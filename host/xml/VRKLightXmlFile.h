@@ -8,6 +8,9 @@
 // Reading and writing light XML documents. A document is its root element; the XML declaration is
 // written on output and skipped on input, and so are comments and text. Errors come back as a
 // message that names the file (and the line, for a document that is not well-formed XML).
+// Parsed elements know the line of their start tag (VRKLightXmlElement::GetSourceLine) when the
+// text is UTF-8, the host's own encoding; in another encoding their line is 0. A document with
+// elements nested more than 256 deep is refused.
 class VRKLightXmlFile {
   public:
     static bool Parse(std::string_view text, VRKLightXmlElement& root, std::string& error,

@@ -124,4 +124,34 @@ TEST(LightXmlFile, FilesThatCannotBeReadOrWritten) {
     EXPECT_EQ(folder.Listing(), "keep.xml\n");
 }
 
+TEST(LightXmlFile, NestingDepth) {
+    const auto nested = [](int depth) {
+        std::string open;
+        std::string close;
+        for (int i = 0; i < depth; ++i) {
+            open += i % 100 == 99 ? "<e>\n" : "<e>";
+            close += "</e>";
+        }
+        return open + close;
+    };
+    VRKLightXmlElement root("kept");
+    std::string error;
+    ASSERT_TRUE(VRKLightXmlFile::Parse(nested(256), root, error, "f.xml")) << error;
+    int depth = 1;
+    for (const VRKLightXmlElement* e = &root; e->GetChildCount() > 0; e = e->GetChild(0)) {
+        ++depth;
+    }
+    EXPECT_EQ(depth, 256);
+
+    // One more level is refused, at the line of the element that goes too deep; the element
+    // given keeps what it had.
+    root = VRKLightXmlElement("kept");
+    EXPECT_FALSE(VRKLightXmlFile::Parse(nested(257), root, error, "f.xml"));
+    EXPECT_EQ(error, "f.xml:3: elements nested more than 256 deep");
+    EXPECT_TRUE(root == VRKLightXmlElement("kept"));
+    // A file of nothing but nested elements is refused the same way, however deep it goes.
+    EXPECT_FALSE(VRKLightXmlFile::Parse(nested(200000), root, error, "f.xml"));
+    EXPECT_EQ(error, "f.xml:3: elements nested more than 256 deep");
+}
+
 }  // namespace
