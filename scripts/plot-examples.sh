@@ -12,20 +12,14 @@ for job in examples/*.job; do
   name=$(basename "$job" .job)
   for language in $languages; do
     target="out/$name.$language.plt"
-    if build/bin/vrkplot "$job" -l "$language" -o "$target"; then
-      echo "$target ($(stat -c %s "$target") bytes)"
-    else
-      status=2
-    fi
+    # vrkplot says what it wrote, one line a plot.
+    build/bin/vrkplot "$job" -l "$language" -o "$target" || status=2
   done
 done
 for settings in examples/settings/*.xml; do
   language=$(basename "$settings" .xml)
   target="out/a4-drawing.$language.settings.plt"
-  if build/bin/vrkplot examples/a4-drawing.job -l "$language" --settings "$settings" -o "$target"; then
-    echo "$target ($(stat -c %s "$target") bytes, settings from $settings)"
-  else
+  build/bin/vrkplot examples/a4-drawing.job -l "$language" --settings "$settings" -o "$target" ||
     status=2
-  fi
 done
 exit $status

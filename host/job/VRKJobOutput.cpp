@@ -42,8 +42,8 @@ bool VRKJobOutput::Open(const std::string& path, std::string& error) {
     VRKDestination destination;
     destination.text = path;
     destination.path = path;
-    destination.kind = path == "-" ? VRKDestination::Kind::kStandardOutput
-                                   : VRKDestination::Kind::kPath;
+    destination.kind =
+        path == "-" ? VRKDestination::Kind::kStandardOutput : VRKDestination::Kind::kPath;
     return Open(destination, Options(), error);
 }
 
@@ -55,15 +55,14 @@ bool VRKJobOutput::Open(const VRKDestination& destination, const Options& option
     size_ = 0;
     receipt_.clear();
 
-    bool inPlace = destination.kind != VRKDestination::Kind::kPath;
+    // A file is written whole through a temporary file beside it; everything else takes the
+    // plot in place.
     if (destination.kind == VRKDestination::Kind::kPath) {
         VRKOutputPath target;
         if (!target.Resolve(destination.path, error)) {
             return false;
         }
-        if (target.GetKind() == VRKOutputPath::Kind::kInPlace) {
-            inPlace = true;
-        } else {
+        if (target.GetKind() != VRKOutputPath::Kind::kInPlace) {
             if (!file_.Create(target, error)) {
                 return false;
             }
@@ -71,16 +70,13 @@ bool VRKJobOutput::Open(const VRKDestination& destination, const Options& option
             return OpenTemporary(error);
         }
     }
-    if (!inPlace) {
-        return false;
-    }
     if (!options.stream) {
         std::string pattern = VRKEnvironment::TemporaryDirectory() + ".vrkplot.XXXXXX.tmp";
         const int fd = ::mkstemps(pattern.data(), kSuffixLength);
         if (fd < 0) {
             error = Where() + ": cannot create a temporary file in '" +
-                    VRKEnvironment::TemporaryDirectory() + "' for the plot: " +
-                    std::strerror(errno);
+                    VRKEnvironment::TemporaryDirectory() +
+                    "' for the plot: " + std::strerror(errno);
             return false;
         }
         ::close(fd);

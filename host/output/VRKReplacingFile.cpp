@@ -24,7 +24,8 @@ bool VRKReplacingFile::Create(const VRKOutputPath& target, std::string& error) {
     target_ = target;
     const std::string& path = target.GetPath();
     const std::size_t slash = path.find_last_of('/');
-    const std::string folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+    const std::string folder =
+        slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
     const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
     std::string pattern = folder + "." + name + ".XXXXXX.tmp";
     const int fd = ::mkstemps(pattern.data(), kSuffixLength);

@@ -34,4 +34,8 @@ class VRKSender {
     virtual bool Finish(std::string& error) = 0;
     // Closes at once, dropping what has not left; for the spooler, the job is not submitted.
     virtual void Abort() = 0;
+
+    // What the destination said on taking the plot, after Finish(): the spooler's request line
+    // ("request id is plotroom-12 (1 file(s))"); empty for destinations that say nothing.
+    virtual std::string GetReceipt() const { return std::string(); }
 };

@@ -26,6 +26,7 @@ class VRKSpoolerSender final : public VRKSender {
     bool Send(const char* data, std::size_t size, std::string& error) override;
     bool Finish(std::string& error) override;
     void Abort() override;
+    std::string GetReceipt() const override { return spoolerOutput_; }
 
     // What lp printed on its standard output, trimmed: after a successful Finish, CUPS's
     // "request id is QUEUE-12 (1 file(s))". Empty before.

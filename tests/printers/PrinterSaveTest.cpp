@@ -224,7 +224,7 @@ TEST(PrinterSave, AFolderWhereTheFileShouldBe) {
     ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
     folder.Write("printers.xml/kept", "kept");
     EXPECT_FALSE(manager.Save(error));
-    EXPECT_EQ(error, path + ": cannot write: Is a directory");
+    EXPECT_EQ(error, path + ": is a folder");
     EXPECT_EQ(folder.Listing(), "printers.xml\n");
     EXPECT_EQ(ReadFileBytes(folder.File("printers.xml/kept")), "kept");
 }

@@ -43,8 +43,7 @@ class LoopbackServer {
         thread_ = std::thread([this] { Serve(); });
     }
     ~LoopbackServer() {
-        stop_ = true;
-        thread_.join();
+        Stop();
         ::close(listener_);
     }
     LoopbackServer(const LoopbackServer&) = delete;

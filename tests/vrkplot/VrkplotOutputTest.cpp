@@ -62,7 +62,7 @@ TEST_F(Vrkplot, FullDeviceIsReportedAndStaysADevice) {
 TEST_F(Vrkplot, NullDeviceTakesThePlotInPlace) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "/dev/null"}), 0) << err;
-    EXPECT_EQ(out, "a4.job -> /dev/null (HPGL2, 72 bytes)\n");
+    EXPECT_EQ(out, "a4.job -> /dev/null (HPGL2, 74 bytes)\n");
     EXPECT_TRUE(S_ISCHR(modeOf("/dev/null")));
 }
 
@@ -192,7 +192,7 @@ TEST_F(Vrkplot, StandardOutputStreamed) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "-", "--stream"}), 0) << err;
     EXPECT_BYTES(kA4Frame, out);
-    EXPECT_EQ(err, "a4.job -> standard output (HPGL2, 72 bytes)\n");
+    EXPECT_EQ(err, "a4.job -> standard output (HPGL2, 74 bytes)\n");
 }
 
 TEST_F(Vrkplot, SeveralJobsToOneDevice) {
@@ -200,7 +200,7 @@ TEST_F(Vrkplot, SeveralJobsToOneDevice) {
     Job("two.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"one.job", "two.job", "-o", "/dev/null"}), 0) << err;
     EXPECT_EQ(out,
-              "one.job -> /dev/null (HPGL2, 72 bytes)\ntwo.job -> /dev/null (HPGL2, 72 bytes)\n");
+              "one.job -> /dev/null (HPGL2, 74 bytes)\ntwo.job -> /dev/null (HPGL2, 74 bytes)\n");
     EXPECT_EQ(folder.Listing(), "one.job\ntwo.job\n");
 }
 

@@ -44,7 +44,7 @@ TEST_F(VrkplotPrinters, AddListRemove) {
     EXPECT_EQ(out, "");
     EXPECT_EQ(RunWithList({"printers"}), 0) << err;
     EXPECT_EQ(out,
-              "NAME  LANGUAGE   DESTINATION                                  DESCRIPTION\n"
+              "NAME  LANGUAGE   DESTINATION                                 DESCRIPTION\n"
               "pens  HPGL       serial:/dev/ttyUSB0?baud=9600&flow=xonxoff  A3 pen plotter\n"
               "roll  HP4000GL2  socket://127.0.0.1:9100\n");
     // The list holds each printer's whole settings element, as a settings file does.
@@ -104,9 +104,9 @@ TEST_F(VrkplotPrinters, PlotToAPrinterSendsWhatAFileWouldHold) {
     // -o wins over the printer's destination; the job name is given, since a file is named
     // after itself and a sent plot after its job.
     ASSERT_EQ(RunWithList({"-p", "dj", "a4.job", "-o", "file.plt", "--job-name", "a4"}), 0) << err;
-    EXPECT_EQ(out, "a4.job -> printer dj at file.plt (HP4000GL2, 1 KB)\n");
+    EXPECT_EQ(out, "a4.job -> printer dj at file.plt (HP4000GL2, 469 bytes)\n");
     EXPECT_EQ(RunWithList({"-p", "dj", "a4.job", "--job-name", "a4"}), 0) << err;
-    EXPECT_EQ(out, "a4.job -> printer dj at " + server.Url() + " (HP4000GL2, 1 KB)\n");
+    EXPECT_EQ(out, "a4.job -> printer dj at " + server.Url() + " (HP4000GL2, 469 bytes)\n");
     EXPECT_BYTES(ReadFileBytes(folder.File("file.plt")), server.Received());
 }
 
@@ -124,13 +124,13 @@ TEST_F(VrkplotPrinters, SentPlotIsNamedAfterItsJob) {
 
 TEST_F(VrkplotPrinters, PrinterSettingsAreUsed) {
     Job("a4.job", "Begin\nEnd\n");
-    folder.Write("roll.xml", "<HP4000GL2Properties mediaSource=\"ROLL2\"/>\n");
+    folder.Write("roll.xml", "<HP4000GL2Properties printQuality=\"HIGH\"/>\n");
     ASSERT_EQ(RunWithList({"printers", "--add", "dj", "--settings", "roll.xml", "--destination",
                            "/dev/null", "-q"}),
               0)
         << err;
     ASSERT_EQ(RunWithList({"-p", "dj", "a4.job", "-o", "-"}), 0) << err;
-    EXPECT_NE(out.find("@PJL SET MEDIASOURCE=ROLL2"), std::string::npos) << Printable(out);
+    EXPECT_NE(out.find("@PJL SET PRINTQUALITY=HIGH"), std::string::npos) << Printable(out);
 }
 
 TEST_F(VrkplotPrinters, UnknownPrinter) {
@@ -138,8 +138,8 @@ TEST_F(VrkplotPrinters, UnknownPrinter) {
     EXPECT_EQ(RunWithList({"-p", "dj", "a4.job"}), 2);
     EXPECT_EQ(err, "vrkplot: no printer 'dj' in " + list +
                        " (the list is empty; see 'vrkplot printers --help')\n");
-    ASSERT_EQ(RunWithList({"printers", "--add", "pens", "-l", "HPGL", "--destination",
-                           "/dev/null", "-q"}),
+    ASSERT_EQ(RunWithList(
+                  {"printers", "--add", "pens", "-l", "HPGL", "--destination", "/dev/null", "-q"}),
               0);
     EXPECT_EQ(RunWithList({"-p", "dj", "a4.job"}), 2);
     EXPECT_EQ(err, "vrkplot: no printer 'dj' in " + list + "; printers: pens\n");

@@ -1,8 +1,8 @@
 // vrkplot sending plots: to a printer's TCP port, to the spooler and down a serial line, with the
 // bytes identical to those of the plot file.
 
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/stat.h>
 #include <termios.h>
@@ -45,8 +45,8 @@ TEST_F(Vrkplot, SocketGetsTheBytesOfThePlotFile) {
         const std::string expected = ReadFileBytes(folder.File("file.plt"));
         for (const char* stream : {"-q", "--stream"}) {
             LoopbackServer server;
-            EXPECT_EQ(Run({"lines.job", "-l", language, "-o", server.Url(), "--job-name",
-                           "Plan 7", stream}),
+            EXPECT_EQ(Run({"lines.job", "-l", language, "-o", server.Url(), "--job-name", "Plan 7",
+                           stream}),
                       0)
                 << err;
             EXPECT_BYTES(expected, server.Received());
@@ -59,7 +59,7 @@ TEST_F(Vrkplot, SocketSaysWhatWasSent) {
     Job("a4.job", "Begin\nEnd\n");
     LoopbackServer server;
     EXPECT_EQ(Run({"a4.job", "-o", server.Url()}), 0) << err;
-    EXPECT_EQ(out, "a4.job -> " + server.Url() + " (HPGL2, 72 bytes)\n");
+    EXPECT_EQ(out, "a4.job -> " + server.Url() + " (HPGL2, 74 bytes)\n");
     EXPECT_EQ(err, "");
 }
 
@@ -132,7 +132,7 @@ TEST_F(Vrkplot, SpoolerGetsTheRawPlot) {
     EXPECT_EQ(lp.Args(), "-d\nplotroom\n-o\nraw\n-t\na4.job\n");
     EXPECT_BYTES(kA4Frame, lp.Plot());
     EXPECT_EQ(out,
-              "a4.job -> lp:plotroom (HPGL2, 72 bytes): request id is plotroom-7 (1 file(s))\n");
+              "a4.job -> lp:plotroom (HPGL2, 74 bytes): request id is plotroom-7 (1 file(s))\n");
 }
 
 TEST_F(Vrkplot, SpoolerFailureIsReported) {
@@ -218,9 +218,8 @@ TEST_F(Vrkplot, SerialPlotterPausesTheSendWithXoff) {
         plotter.Send('\x11');  // XON
         received += plotter.ReadUntil(expected.size() - received.size(), std::chrono::seconds(30));
     });
-    EXPECT_EQ(Run({"lines.job", "-l", "HPGL", "-o", "serial:" + plotter.SlavePath() +
-                                                         "?baud=9600&flow=xonxoff",
-                   "-q"}),
+    EXPECT_EQ(Run({"lines.job", "-l", "HPGL", "-o",
+                   "serial:" + plotter.SlavePath() + "?baud=9600&flow=xonxoff", "-q"}),
               0)
         << err;
     reader.join();

@@ -95,7 +95,7 @@ TEST_F(Vrkplot, HpglSettingsFileChoosesThePens) {
 TEST_F(Vrkplot, SettingsElementOfAnotherLanguageIsAnError) {
     Job("a4.job", "Begin\nEnd\n");
     folder.Write("dj.xml", "<HP1000GL2Properties quality=\"Fast\"/>");
-    EXPECT_EQ(Run({"a4.job", "--settings", "dj.xml"}), 2);
+    EXPECT_EQ(Run({"a4.job", "-l", "HPGL2", "--settings", "dj.xml"}), 2);
     EXPECT_EQ(err,
               "vrkplot: dj.xml: the settings element <HP1000GL2Properties> is not one that "
               "VRKPrintHPGL2Generator reads (language HPGL2)\n");
@@ -103,6 +103,24 @@ TEST_F(Vrkplot, SettingsElementOfAnotherLanguageIsAnError) {
     EXPECT_EQ(folder.Listing(), "a4.job\ndj.xml\n");
     EXPECT_EQ(Run({"settings", "-l", "HPGL", "--settings", "dj.xml"}), 2);
     EXPECT_EQ(out, "");
+}
+
+TEST_F(Vrkplot, SettingsFileGivesTheLanguage) {
+    Job("a4.job", "Begin\nEnd\n");
+    folder.Write("dj.xml", "<HP1000GL2Properties quality=\"Fast\"/>");
+    EXPECT_EQ(Run({"a4.job", "--settings", "dj.xml", "-o", "-"}), 0) << err;
+    EXPECT_EQ(err, "a4.job -> standard output (HP1000GL2, 414 bytes)\n");
+    EXPECT_NE(out.find("INECQL0PS"), std::string::npos) << Printable(out);
+    EXPECT_EQ(Run({"settings", "--settings", "dj.xml"}), 0) << err;
+    EXPECT_EQ(out.rfind("<?xml version=\"1.0\"?>\n<HP1000GL2Properties ", 0), 0u) << out;
+    // An element that is no language's settings.
+    folder.Write("other.xml", "<Drawing/>");
+    EXPECT_EQ(Run({"a4.job", "--settings", "other.xml"}), 2);
+    EXPECT_EQ(err,
+              "vrkplot: other.xml: the settings element <Drawing> is not the settings of any "
+              "printer language; give the language with -l (known languages: HP1000GL2, "
+              "HP4000GL2, HPGL, HPGL2)\n");
+    EXPECT_EQ(folder.Listing(), "a4.job\ndj.xml\nother.xml\n");
 }
 
 TEST_F(Vrkplot, SettingsFileThatCannotBeReadIsAnError) {

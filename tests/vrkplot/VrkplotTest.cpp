@@ -50,7 +50,8 @@ TEST_F(Vrkplot, A4Frame) {
     Job("a4.job", "Begin width=210 height=297 orientation=1\nEnd\n");
     EXPECT_EQ(Run({"a4.job"}), 0) << err;
     EXPECT_EQ(err, "");
-    EXPECT_EQ(out, "");
+    // What was written, on standard output.
+    EXPECT_EQ(out, "a4.job -> a4.plt (HPGL2, 74 bytes)\n");
     EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("a4.plt")));
     // The temporary file is gone.
     EXPECT_EQ(folder.Listing(), "a4.job\na4.plt\n");
@@ -110,7 +111,7 @@ TEST_F(Vrkplot, NothingReachesStandardOutputOnError) {
 TEST_F(Vrkplot, WriteFailureOnAFullDevice) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "-"}, {}, "/dev/full"), 2);
-    EXPECT_EQ(err, "a4.job: cannot write the plot to standard output: No space left on device\n");
+    EXPECT_EQ(err, "vrkplot: standard output: No space left on device\n");
     EXPECT_EQ(folder.Listing(), "a4.job\n");
 }
 
@@ -118,7 +119,7 @@ TEST_F(Vrkplot, OutputFolderThatDoesNotExist) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "missing/a4.plt"}), 2);
     EXPECT_EQ(err,
-              "a4.job: cannot create a temporary file in 'missing/' for 'missing/a4.plt': No such "
+              "vrkplot: missing/a4.plt: cannot create a temporary file in 'missing/': No such "
               "file or directory\n");
 }
 
@@ -126,14 +127,14 @@ TEST_F(Vrkplot, OutputThatIsAFolder) {
     Job("a4.job", "Begin\nEnd\n");
     std::filesystem::create_directory(folder.File("plots"));
     EXPECT_EQ(Run({"a4.job", "-o", "plots"}), 2);
-    EXPECT_EQ(err, "a4.job: cannot write 'plots': Is a directory\n");
+    EXPECT_EQ(err, "vrkplot: plots: is a folder\n");
     EXPECT_EQ(folder.Listing(), "a4.job\nplots\n");
 }
 
 TEST_F(Vrkplot, OutputThatIsTheJobItself) {
     Job("a4.plt", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.plt"}), 2);
-    EXPECT_EQ(err, "a4.plt: the output 'a4.plt' is the job file itself\n");
+    EXPECT_EQ(err, "vrkplot: a4.plt: the output is the job file itself\n");
     EXPECT_EQ(ReadFileBytes(folder.File("a4.plt")), "Begin\nEnd\n");
 }
 
@@ -157,7 +158,7 @@ TEST_F(Vrkplot, OutputOptionWithSeveralJobFilesIsRefused) {
     Job("one.job", "Begin\nEnd\n");
     Job("two.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"one.job", "two.job", "-o", "both.plt"}), 2);
-    EXPECT_EQ(err, "vrkplot: -o goes with a single job file; 2 were given\n");
+    EXPECT_EQ(err, "vrkplot: -o goes with a single job file when it names a file; 2 were given\n");
     EXPECT_EQ(folder.Listing(), "one.job\ntwo.job\n");
 }
 
@@ -313,6 +314,72 @@ TEST_F(Vrkplot, ExpectedPlotsOfEveryJobWithEveryLanguage) {
         GTEST_SKIP() << "expected files written under " << kTests
                      << "/expected: review them with git diff";
     }
+}
+
+TEST_F(Vrkplot, JobFromStandardInput) {
+    const std::string job = folder.Write("a4.job", "Begin\nEnd\n");
+    // To standard output when no output is given, as a filter.
+    EXPECT_EQ(Run({"-"}, {}, "", job), 0) << err;
+    EXPECT_BYTES(kA4Frame, out);
+    EXPECT_EQ(err, "standard input -> standard output (HPGL2, 74 bytes)\n");
+    EXPECT_EQ(Run({"-", "-o", "in.plt"}, {}, "", job), 0) << err;
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("in.plt")));
+    EXPECT_EQ(out, "standard input -> in.plt (HPGL2, 74 bytes)\n");
+    // Errors name it.
+    const std::string bad = folder.Write("bad.job", "Begin\nFrobnicate\n");
+    EXPECT_EQ(Run({"-", "-o", "bad.plt"}, {}, "", bad), 2);
+    EXPECT_EQ(err, "standard input:2: unknown verb 'Frobnicate'\n");
+    EXPECT_EQ(folder.Listing(), "a4.job\nbad.job\nin.plt\n");
+}
+
+TEST_F(Vrkplot, DoubleDashBeforeFileNames) {
+    Job("settings", "Begin\nEnd\n");
+    Job("printers", "Begin\nEnd\n");
+    Job("-dash.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"-q", "--", "settings", "printers", "-dash.job"}), 0) << err;
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("settings.plt")));
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("printers.plt")));
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("-dash.plt")));
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "");
+}
+
+TEST_F(Vrkplot, LanguageThatDiffersInLetterCaseIsSuggested) {
+    Job("a4.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.job", "-l", "hpgl"}), 2);
+    EXPECT_EQ(err,
+              "vrkplot: unknown language 'hpgl'; did you mean 'HPGL'? (names are case-sensitive); "
+              "known languages: HP1000GL2, HP4000GL2, HPGL, HPGL2\n");
+    EXPECT_EQ(Run({"a4.job", "-l", "hp4000gl2"}), 2);
+    EXPECT_NE(err.find("did you mean 'HP4000GL2'?"), std::string::npos) << err;
+    EXPECT_EQ(Run({"a4.job", "-l", "PostScript"}), 2);
+    EXPECT_EQ(err.find("did you mean"), std::string::npos) << err;
+    EXPECT_EQ(folder.Listing(), "a4.job\n");
+}
+
+TEST_F(Vrkplot, PlotOnStandardOutputIsNamedAfterItsJob) {
+    Job("plan.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"plan.job", "-l", "HP1000GL2", "-o", "-"}), 0) << err;
+    EXPECT_EQ(out.rfind("\x1b%-12345X@PJL JOB NAME=\"VORAN:plan.job\"\n", 0), 0u) << Printable(out);
+    EXPECT_NE(out.find("@PJL EOJ NAME=\"VORAN:plan.job\""), std::string::npos) << Printable(out);
+}
+
+TEST_F(Vrkplot, QuietSaysNothing) {
+    Job("a4.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"a4.job", "-q"}), 0) << err;
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "");
+    EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("a4.plt")));
+    // Sizes from a kilobyte on are in decimal units, cut down.
+    std::string job = "Begin\n";
+    for (int i = 0; i < 400; ++i) {
+        job += "MoveTo 1 1\nLineTo 100 " + std::to_string(i) + "\n";
+    }
+    Job("lines.job", job + "End\n");
+    EXPECT_EQ(Run({"lines.job"}), 0) << err;
+    const std::uintmax_t size = std::filesystem::file_size(folder.File("lines.plt"));
+    ASSERT_GE(size, 1000u);
+    EXPECT_EQ(out, "lines.job -> lines.plt (HPGL2, " + std::to_string(size / 1000) + " KB)\n");
 }
 
 TEST(ReviewText, IsLossless) {

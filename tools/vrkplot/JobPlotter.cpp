@@ -8,6 +8,7 @@
 
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/job/VRKJobPlayer.h"
+#include "host/output/VRKOutputPath.h"
 #include "host/output/VRKSendProgress.h"
 #include "host/xml/VRKGeneratorSettings.h"
 
@@ -26,6 +27,16 @@ std::string describeJob(const std::string& job) {
 }
 
 }  // namespace
+
+bool JobPlotter::WritesFile(const VRKDestination& destination) {
+    if (destination.kind != VRKDestination::Kind::kPath) {
+        return false;
+    }
+    VRKOutputPath target;
+    std::string ignored;
+    return !target.Resolve(destination.path, ignored) ||
+           target.GetKind() != VRKOutputPath::Kind::kInPlace;
+}
 
 JobPlotter::JobPlotter(const VRKClassEntry& language, std::vector<Settings> settings)
     : language_(language), settings_(std::move(settings)) {}
@@ -68,18 +79,22 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
         return false;
     }
 
+    // Generators take the job name from the stream's path: a plot file is named after itself,
+    // a plot sent to a plotter after its drawing, since "/dev/usb/lp0" names nothing. The
+    // spooler gets it as the job's title.
+    std::string jobName = jobName_;
+    if (jobName.empty()) {
+        jobName = WritesFile(destination) ? destination.path : describeJob(job);
+    }
+    VRKJobOutput::Options options = options_;
+    options.send.title = jobName;
+
     VRKJobOutput out;
     std::string error;
-    if (!out.Open(destination, options_, error)) {
+    if (!out.Open(destination, options, error)) {
         generator->Release();
         std::cerr << "vrkplot: " << error << '\n';
         return false;
-    }
-    // Generators take the job name from the stream's path: a plot file is named after itself,
-    // a plot sent to a plotter after its drawing, since "/dev/usb/lp0" names nothing.
-    std::string jobName = jobName_;
-    if (jobName.empty()) {
-        jobName = out.IsFile() ? destination.path : describeJob(job);
     }
     out.GetStream().SetPath(VRKUnicodeString(jobName));
     generator->Attach(&out.GetStream());
@@ -98,10 +113,10 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
         return false;
     }
     if (report_ != nullptr) {
-        std::string where =
-            destination.kind == VRKDestination::Kind::kStandardOutput ? "standard output"
-            : destination.kind == VRKDestination::Kind::kPath          ? destination.path
-                                                                       : destination.text;
+        std::string where = destination.kind == VRKDestination::Kind::kStandardOutput
+                                ? "standard output"
+                            : destination.kind == VRKDestination::Kind::kPath ? destination.path
+                                                                              : destination.text;
         if (!printerName_.empty()) {
             where = "printer " + printerName_ + " at " + where;
         }

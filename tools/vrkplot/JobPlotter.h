@@ -33,6 +33,10 @@ class JobPlotter {
     // sent rather than written, the job file's name.
     void SetJobName(const std::string& name) { jobName_ = name; }
 
+    // True when plots to `destination` replace a file (a new or existing one, or one a link
+    // leads to), rather than go to a device or a printer.
+    static bool WritesFile(const VRKDestination& destination);
+
     // A generator of the language with the settings read into it, or null after printing why
     // not. The caller releases it.
     VRKBaseUnknown* MakeGenerator() const;

@@ -60,8 +60,8 @@ const VRKClassEntry* findLanguage(const std::string& name, std::string& error) {
     return nullptr;
 }
 
-const VRKClassEntry* languageOfSettings(const VRKLightXmlElement& element, const std::string& source,
-                                        std::string& error) {
+const VRKClassEntry* languageOfSettings(const VRKLightXmlElement& element,
+                                        const std::string& source, std::string& error) {
     const std::string name = element.GetName().str();
     for (const VRKClassEntry& entry : VRKClassDictionary::Instance().Languages()) {
         if (entry.factory == nullptr) {
@@ -73,8 +73,8 @@ const VRKClassEntry* languageOfSettings(const VRKLightXmlElement& element, const
         }
         VRKLightXmlElement written;
         std::string ignored;
-        const bool matches =
-            VRKGeneratorSettings::Write(generator, written, ignored) && written.GetName().str() == name;
+        const bool matches = VRKGeneratorSettings::Write(generator, written, ignored) &&
+                             written.GetName().str() == name;
         generator->Release();
         if (matches) {
             return VRKClassDictionary::Instance().FindLanguage(entry.language);

@@ -19,7 +19,7 @@ void listLanguages(std::ostream& out);
 const VRKClassEntry* findLanguage(const std::string& name, std::string& error);
 // The language that writes its settings as an element of `element`'s name (a settings file
 // names its language by its root element); null with `error` set when none does.
-const VRKClassEntry* languageOfSettings(const VRKLightXmlElement& element, const std::string& source,
-                                        std::string& error);
+const VRKClassEntry* languageOfSettings(const VRKLightXmlElement& element,
+                                        const std::string& source, std::string& error);
 
 }  // namespace vrkplot

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "host/core/VRKBaseUnknown.h"
+#include "host/core/VRKRawCollPV.h"
 #include "host/output/VRKDestination.h"
-#include "host/output/VRKOutputPath.h"
 #include "host/printers/VRKPrinter.h"
 #include "host/printers/VRKPrinterManager.h"
 #include "host/xml/VRKGeneratorSettings.h"
@@ -46,17 +46,6 @@ VRKDestination pathDestination(const std::string& path) {
     return destination;
 }
 
-// True when plots to `destination` replace a file (rather than go to a device or a printer).
-bool isFile(const VRKDestination& destination) {
-    if (destination.kind != VRKDestination::Kind::kPath) {
-        return false;
-    }
-    VRKOutputPath target;
-    std::string ignored;
-    return !target.Resolve(destination.path, ignored) ||
-           target.GetKind() != VRKOutputPath::Kind::kInPlace;
-}
-
 // The language of the command: -l, else the printer's, else the settings file's, else HPGL2.
 const VRKClassEntry* chooseLanguage(const std::string& language, const VRKLightXmlElement* file,
                                     const std::string& settingsPath, std::string& error) {
@@ -91,7 +80,8 @@ int PlotCommand::Run() const {
         }
         const VRKPrinter* found = manager.Find(printer);
         if (found == nullptr) {
-            std::string message = "no printer '" + printer + "' in " + VRKPrinterManager::DefaultPath();
+            std::string message =
+                "no printer '" + printer + "' in " + VRKPrinterManager::DefaultPath();
             VRKRawCollPV list;
             manager.GetPrinterList(list);
             std::string names;
@@ -101,7 +91,7 @@ int PlotCommand::Run() const {
             }
             manager.End();
             return fail(message + (names.empty() ? std::string(" (the list is empty; see "
-                                                                "'vrkplot printers --help')")
+                                                               "'vrkplot printers --help')")
                                                  : "; printers: " + names));
         }
         languageName = found->GetLanguage().ToUtf8();
@@ -133,8 +123,8 @@ int PlotCommand::Run() const {
             return fail(error);
         }
     }
-    const VRKClassEntry* entry = chooseLanguage(
-        languageName, settingsPath.empty() ? nullptr : &file, settingsPath, error);
+    const VRKClassEntry* entry =
+        chooseLanguage(languageName, settingsPath.empty() ? nullptr : &file, settingsPath, error);
     if (entry == nullptr) {
         return fail(error);
     }
@@ -154,7 +144,7 @@ int PlotCommand::Run() const {
             return fail(output + ": " + error);
         }
     }
-    if (destination.has_value() && jobs.size() > 1 && isFile(*destination)) {
+    if (destination.has_value() && jobs.size() > 1 && JobPlotter::WritesFile(*destination)) {
         generator->Release();
         if (haveOutput) {
             return fail("-o goes with a single job file when it names a file; " +
@@ -169,10 +159,10 @@ int PlotCommand::Run() const {
     options.progress = !quiet;
     bool toStandardOutput = false;
     for (const std::string& job : jobs) {
-        toStandardOutput = toStandardOutput ||
-                           (destination.has_value()
-                                ? destination->kind == VRKDestination::Kind::kStandardOutput
-                                : job == "-");
+        toStandardOutput =
+            toStandardOutput ||
+            (destination.has_value() ? destination->kind == VRKDestination::Kind::kStandardOutput
+                                     : job == "-");
     }
     // What was done is said on standard output, unless a plot goes there.
     plotter.SetReport(quiet ? nullptr : toStandardOutput ? &std::cerr : &std::cout);
@@ -183,9 +173,9 @@ int PlotCommand::Run() const {
 
     int status = 0;
     for (const std::string& job : jobs) {
-        const VRKDestination target =
-            destination.has_value() ? *destination
-                                    : pathDestination(job == "-" ? "-" : defaultOutput(job));
+        const VRKDestination target = destination.has_value()
+                                          ? *destination
+                                          : pathDestination(job == "-" ? "-" : defaultOutput(job));
         options.send.timeoutSeconds =
             haveTimeout ? timeoutSeconds
                         : (target.kind == VRKDestination::Kind::kSocket ? kSocketTimeout : 0);
@@ -194,8 +184,7 @@ int PlotCommand::Run() const {
             status = kFailure;
         }
     }
-    if (haveSaveSettings &&
-        !VRKGeneratorSettings::WriteFile(generator, saveSettingsPath, error)) {
+    if (haveSaveSettings && !VRKGeneratorSettings::WriteFile(generator, saveSettingsPath, error)) {
         std::cerr << "vrkplot: " << error << '\n';
         status = kFailure;
     }

@@ -11,8 +11,8 @@
 // Exit status 0 when every job was plotted, 2 after any error (a job, a write, a send, the
 // command line).
 
-#include <csignal>
 #include <clocale>
+#include <csignal>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -54,9 +54,9 @@ int main(int argc, char** argv) {
         "JOB", plot.jobs,
         "Job files to plot, one after another, each to its own plot; - reads standard input. "
         "Put -- before them when a name starts with - or is 'settings' or 'printers'");
-    CLI::Option* languageOption =
-        app.add_option("-l,--language", plot.language, "Printer language (default: HPGL2, or the "
-                                                       "language of the --settings file)");
+    CLI::Option* languageOption = app.add_option("-l,--language", plot.language,
+                                                 "Printer language (default: HPGL2, or the "
+                                                 "language of the --settings file)");
     CLI::Option* printerOption = app.add_option(
         "-p,--printer", plot.printer,
         "Printer from the printer list: its language and settings, and its destination unless "
@@ -70,8 +70,9 @@ int main(int argc, char** argv) {
         "--job-name", plot.jobName,
         "Job name given to the generator (default: the output file's path, or the job file's "
         "name for a plot that is sent)");
-    CLI::Option* settingsOption = app.add_option(
-        "--settings", plot.settingsPath, "Settings file (XML) read into the generator before each job");
+    CLI::Option* settingsOption =
+        app.add_option("--settings", plot.settingsPath,
+                       "Settings file (XML) read into the generator before each job");
     CLI::Option* saveOption =
         app.add_option("--save-settings", plot.saveSettingsPath,
                        "Writes the generator's settings, as used for the jobs, to this file (XML)");
@@ -110,10 +111,10 @@ int main(int argc, char** argv) {
     settingsCommand->add_option("--settings", settingsCommandPath,
                                 "Settings file (XML) read over the defaults");
 
-    CLI::App* printersCommand = app.add_subcommand(
-        "printers",
-        "Lists the printers of the printer list ($VRK_PRINTERS, else "
-        "$XDG_CONFIG_HOME/vrkplot/printers.xml), or adds or removes one");
+    CLI::App* printersCommand =
+        app.add_subcommand("printers",
+                           "Lists the printers of the printer list ($VRK_PRINTERS, else "
+                           "$XDG_CONFIG_HOME/vrkplot/printers.xml), or adds or removes one");
     PrintersCommand printers;
     std::string addName, removeName;
     CLI::Option* addOption =
@@ -121,17 +122,18 @@ int main(int argc, char** argv) {
     CLI::Option* removeOption =
         printersCommand->add_option("--remove", removeName, "Removes the printer of this name");
     addOption->excludes(removeOption);
-    CLI::Option* addLanguage = printersCommand->add_option(
-        "-l,--language", printers.language, "The new printer's language (default: the language "
-                                            "of the --settings file)");
+    CLI::Option* addLanguage =
+        printersCommand->add_option("-l,--language", printers.language,
+                                    "The new printer's language (default: the language "
+                                    "of the --settings file)");
     CLI::Option* addDestination = printersCommand->add_option(
         "--destination", printers.destination,
         "Where the new printer's plots go: a path, socket://HOST[:PORT], lp:QUEUE or "
         "serial:DEVICE[?baud=N&flow=...]");
-    CLI::Option* addSettings = printersCommand->add_option(
-        "--settings", printers.settingsPath, "The new printer's settings file (XML)");
-    CLI::Option* addDescription = printersCommand->add_option(
-        "--description", printers.description, "The new printer's description");
+    CLI::Option* addSettings = printersCommand->add_option("--settings", printers.settingsPath,
+                                                           "The new printer's settings file (XML)");
+    CLI::Option* addDescription = printersCommand->add_option("--description", printers.description,
+                                                              "The new printer's description");
     for (CLI::Option* option : {addLanguage, addDestination, addSettings, addDescription}) {
         option->needs(addOption);
     }
