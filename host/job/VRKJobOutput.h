@@ -56,6 +56,11 @@ class VRKJobOutput {
     // Drops the plot: removes the temporary file, or closes a streaming send.
     void Discard();
 
+    // The temporary file the plot is made in, empty when there is none (a plot sent while it is
+    // made).
+    const std::string& GetTemporaryPath() const {
+        return mode_ == Mode::kSpool ? spooled_ : file_.GetTemporaryPath();
+    }
     // The plot's size in bytes, once committed.
     std::uint64_t GetSize() const { return size_; }
     // Whether the plot went to a file (written) rather than to a device or printer (sent).

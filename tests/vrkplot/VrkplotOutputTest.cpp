@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "support/Printable.h"
 #include "vrkplot/VrkplotFixture.h"
@@ -202,6 +204,39 @@ TEST_F(Vrkplot, SeveralJobsToOneDevice) {
     EXPECT_EQ(out,
               "one.job -> /dev/null (HPGL2, 74 bytes)\ntwo.job -> /dev/null (HPGL2, 74 bytes)\n");
     EXPECT_EQ(folder.Listing(), "one.job\ntwo.job\n");
+}
+
+TEST_F(Vrkplot, InterruptedSendLeavesNoTemporaryFile) {
+    Job("a4.job", "Begin\nEnd\n");
+    ASSERT_EQ(::mkfifo(folder.File("pipe").c_str(), 0644), 0);
+    TempFolder spool{"vrkplot-spool"};
+    // The plot is made in the spool folder, then vrkplot waits for a reader of the FIFO that
+    // never comes, until it is interrupted.
+    const pid_t pid = ::fork();
+    ASSERT_GE(pid, 0);
+    if (pid == 0) {
+        ::setenv("TMPDIR", spool.Path().c_str(), 1);
+        if (::chdir(folder.Path().c_str()) != 0) {
+            ::_exit(127);
+        }
+        ::execl(VRKPLOT_PATH, VRKPLOT_PATH, "a4.job", "-o", "pipe", "-q",
+                static_cast<char*>(nullptr));
+        ::_exit(127);
+    }
+    bool spooled = false;
+    for (int i = 0; i < 500 && !spooled; ++i) {
+        spooled = spool.Listing() != "";
+        ::usleep(10000);
+    }
+    EXPECT_TRUE(spooled);
+    ::usleep(100000);
+    ::kill(pid, SIGINT);
+    int status = 0;
+    ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+    EXPECT_EQ(spool.Listing(), "");
+    EXPECT_TRUE(S_ISFIFO(modeOf(folder.File("pipe"))));
+    EXPECT_EQ(folder.Listing(), "a4.job\npipe\n");
 }
 
 }  // namespace

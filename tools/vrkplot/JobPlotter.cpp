@@ -11,6 +11,7 @@
 #include "host/output/VRKOutputPath.h"
 #include "host/output/VRKSendProgress.h"
 #include "host/xml/VRKGeneratorSettings.h"
+#include "tools/vrkplot/TemporaryFiles.h"
 
 namespace {
 
@@ -96,6 +97,7 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
         std::cerr << "vrkplot: " << error << '\n';
         return false;
     }
+    TemporaryFiles::Set(out.GetTemporaryPath());
     out.GetStream().SetPath(VRKUnicodeString(jobName));
     generator->Attach(&out.GetStream());
     VRKJobPlayer player(*generator);
@@ -105,10 +107,13 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
 
     if (!played) {
         out.Discard();
+        TemporaryFiles::Set(std::string());
         std::cerr << player.GetError().ToString() << '\n';
         return false;
     }
-    if (!out.Commit(error)) {
+    const bool committed = out.Commit(error);
+    TemporaryFiles::Set(std::string());
+    if (!committed) {
         std::cerr << "vrkplot: " << error << '\n';
         return false;
     }

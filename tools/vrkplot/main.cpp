@@ -29,6 +29,7 @@
 #include "tools/vrkplot/Languages.h"
 #include "tools/vrkplot/PlotCommand.h"
 #include "tools/vrkplot/PrintersCommand.h"
+#include "tools/vrkplot/TemporaryFiles.h"
 
 namespace {
 
@@ -44,6 +45,8 @@ int main(int argc, char** argv) {
     // A plotter, printer or pipe that goes away is a write error to report, not a signal that
     // ends the program before it can say so.
     std::signal(SIGPIPE, SIG_IGN);
+    // Ctrl-C while a plot is made or sent leaves no temporary file behind.
+    TemporaryFiles::RemoveOnSignals();
 
     CLI::App app{
         "Plays drawings (job files) into the generator of a printer language and writes the "
