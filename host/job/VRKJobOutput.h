@@ -31,8 +31,9 @@ class VRKJobOutput {
     struct Options {
         bool stream = false;
         VRKSendOptions send;
-        // A progress line on standard error while a send lasts (only on a terminal).
-        bool progress = true;
+        // A progress line on standard error while a send lasts (only on a terminal); a program
+        // asks for it, a host that has its own window does not.
+        bool progress = false;
     };
 
     VRKJobOutput();
