@@ -35,18 +35,30 @@ bool readWholeFile(const std::string& path, std::string& text, std::string& erro
 
 namespace {
 
-// Writes all of `text` to `fd`; false with errno set when a write fails.
-bool writeAll(int fd, std::string_view text) {
-    size_t written = 0;
-    while (written < text.size()) {
+// Writes all of `text` into the file at `path`, opened with `flags` (never created or truncated
+// here unless the flags say so); false with `error` set when the open, a write or the close fails.
+bool writeInto(const std::string& path, int flags, std::string_view text, const std::string& name,
+               std::string& error) {
+    const int fd = ::open(path.c_str(), flags | O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    bool ok = fd >= 0;
+    for (size_t written = 0; ok && written < text.size();) {
         const ssize_t n = ::write(fd, text.data() + written, text.size() - written);
-        if (n < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            return false;
+        if (n >= 0) {
+            written += static_cast<size_t>(n);
+        } else if (errno != EINTR) {
+            ok = false;
         }
-        written += static_cast<size_t>(n);
+    }
+    if (!ok) {
+        error = name + ": cannot write: " + std::strerror(errno);
+        if (fd >= 0) {
+            ::close(fd);
+        }
+        return false;
+    }
+    if (::close(fd) != 0) {
+        error = name + ": cannot write: " + std::strerror(errno);
+        return false;
     }
     return true;
 }
@@ -60,38 +72,14 @@ bool writeWholeFile(const std::string& path, std::string_view text, std::string&
     }
     if (target.GetKind() == VRKOutputPath::Kind::kInPlace) {
         // A device or a pipe (/dev/stdout, say) takes the text as it is: it is not replaced.
-        const int fd = ::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
-        if (fd < 0 || !writeAll(fd, text)) {
-            error = path + ": cannot write: " + std::strerror(errno);
-            if (fd >= 0) {
-                ::close(fd);
-            }
-            return false;
-        }
-        if (::close(fd) != 0) {
-            error = path + ": cannot write: " + std::strerror(errno);
-            return false;
-        }
-        return true;
+        return writeInto(path, 0, text, path, error);
     }
     VRKReplacingFile file;
     if (!file.Create(target, error)) {
         error = path + ": cannot write: " + std::strerror(errno);
         return false;
     }
-    const int fd = ::open(file.GetTemporaryPath().c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-    if (fd < 0 || !writeAll(fd, text)) {
-        error = path + ": cannot write: " + std::strerror(errno);
-        if (fd >= 0) {
-            ::close(fd);
-        }
-        return false;
-    }
-    if (::close(fd) != 0) {
-        error = path + ": cannot write: " + std::strerror(errno);
-        return false;
-    }
-    return file.Commit(error);
+    return writeInto(file.GetTemporaryPath(), O_TRUNC, text, path, error) && file.Commit(error);
 }
 
 int lineOfOffset(std::string_view text, std::ptrdiff_t offset) {

@@ -183,13 +183,6 @@ TEST_F(Vrkplot, OutputThatIsAFolderOrABlockDevice) {
     EXPECT_EQ(folder.Listing(), "a4.job\nplots\n");
 }
 
-TEST_F(Vrkplot, StandardOutputOnAFullDevice) {
-    Job("a4.job", "Begin\nEnd\n");
-    EXPECT_EQ(Run({"a4.job", "-o", "-"}, {}, "/dev/full"), 2);
-    EXPECT_EQ(err, "vrkplot: standard output: No space left on device\n");
-    EXPECT_EQ(folder.Listing(), "a4.job\n");
-}
-
 TEST_F(Vrkplot, StandardOutputStreamed) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "-", "--stream"}), 0) << err;
