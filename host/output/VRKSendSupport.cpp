@@ -72,6 +72,28 @@ ssize_t VRKWriteWithoutSigPipe(int fd, const void* data, std::size_t size) {
     return written;
 }
 
+VRKWriteProgress VRKWriteWhatFits(int fd, const char*& data, std::size_t& size, VRKSendTimer& timer,
+                                  VRKWriteCall write) {
+    while (size > 0) {
+        const ssize_t written = write(fd, data, size);
+        if (written > 0) {
+            data += written;
+            size -= static_cast<std::size_t>(written);
+            timer.Restart();
+            continue;
+        }
+        if (written == 0) {
+            return VRKWriteProgress::kTookNothing;
+        }
+        if (errno == EINTR) {
+            continue;
+        }
+        return errno == EAGAIN || errno == EWOULDBLOCK ? VRKWriteProgress::kFull
+                                                       : VRKWriteProgress::kFailed;
+    }
+    return VRKWriteProgress::kAllWritten;
+}
+
 bool VRKSetNonBlocking(int fd) {
     const int flags = ::fcntl(fd, F_GETFL);
     return flags >= 0 && ::fcntl(fd, F_SETFL, flags | O_NONBLOCK) == 0;

@@ -1,27 +1,42 @@
 #include "host/output/VRKSerialSender.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
-#include "host/output/VRKSendSupport.h"
 #include "host/output/VRKSerialSpeeds.h"
 
 namespace {
 
-const char kWho[] = "plotter";
+ssize_t WriteToLine(int fd, const void* data, std::size_t size) {
+    return ::write(fd, data, size);
+}
+
+// What the kernel has not sent down the line yet.
+bool QueuedOnLine(int fd, int& queued, std::string& reason) {
+    if (::ioctl(fd, TIOCOUTQ, &queued) != 0) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    return true;
+}
 
 }  // namespace
 
 VRKSerialSender::VRKSerialSender(std::string device, int baud, VRKDestination::Flow flow,
                                  VRKSendOptions options)
-    : device_(std::move(device)), baud_(baud), flow_(flow), options_(std::move(options)) {}
+    : device_(std::move(device)),
+      baud_(baud),
+      flow_(flow),
+      options_(std::move(options)),
+      // The line is full or stopped by XOFF while the plotter draws: what it sends meanwhile is
+      // dropped. A line that cannot be read any more still may be written: the write says.
+      writer_(WriteToLine, "plotter", "the line took no byte", "the line was hung up",
+              VRKDescriptorWriter::UnreadableInput::kStopReading, options_.timeoutSeconds) {}
 
 VRKSerialSender::~VRKSerialSender() {
     Abort();
@@ -29,7 +44,7 @@ VRKSerialSender::~VRKSerialSender() {
 
 bool VRKSerialSender::Open(std::string& error) {
     Abort();
-    inputEnded_ = false;
+    writer_.Reset();
     do {
         fd_ = ::open(device_.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     } while (fd_ < 0 && errno == EINTR);
@@ -88,53 +103,9 @@ bool VRKSerialSender::Send(const char* data, std::size_t size, std::string& erro
         error = "the line is not open";
         return false;
     }
-    VRKSendTimer timer(options_.timeoutSeconds);
-    bool hungUp = false;
-    while (size > 0) {
-        const ssize_t written = ::write(fd_, data, size);
-        if (written > 0) {
-            data += written;
-            size -= static_cast<std::size_t>(written);
-            timer.Restart();
-            continue;
-        }
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written == 0 || (errno != EAGAIN && errno != EWOULDBLOCK)) {
-            return Fail(written == 0 ? "the line took no byte" : std::strerror(errno), error);
-        }
-        if (hungUp) {
-            return Fail("the line was hung up", error);
-        }
-        // The line is full or stopped by XOFF: wait, reading what the plotter sends meanwhile.
-        for (;;) {
-            if (timer.Expired()) {
-                return Fail(VRKStoppedTakingData(kWho, options_.timeoutSeconds), error);
-            }
-            pollfd waiting{fd_, static_cast<short>(POLLOUT | (inputEnded_ ? 0 : POLLIN)), 0};
-            const int ready = ::poll(&waiting, 1, timer.PollMilliseconds());
-            if (ready < 0) {
-                if (errno == EINTR) {
-                    continue;
-                }
-                return Fail(std::strerror(errno), error);
-            }
-            if (ready == 0) {
-                continue;
-            }
-            if ((waiting.revents & POLLIN) != 0 && !VRKDiscardInput(fd_, inputEnded_)) {
-                // A line that cannot be read any more still may be written: the write says.
-                inputEnded_ = true;
-            }
-            if ((waiting.revents & (POLLOUT | POLLERR)) != 0) {
-                break;
-            }
-            if ((waiting.revents & POLLHUP) != 0) {
-                hungUp = true;
-                break;
-            }
-        }
+    std::string reason;
+    if (!writer_.Write(fd_, data, size, reason)) {
+        return Fail(reason, error);
     }
     return true;
 }
@@ -144,34 +115,9 @@ bool VRKSerialSender::Finish(std::string& error) {
         error = "the line is not open";
         return false;
     }
-    // Nothing tells when the kernel's output queue falls, so it is looked at again after a pause
-    // that grows from 1 to 50 ms; the timeout starts again whenever it has fallen.
-    VRKSendTimer timer(options_.timeoutSeconds);
-    int lastQueued = -1;
-    int pause = 1;
-    for (;;) {
-        int queued = 0;
-        if (::ioctl(fd_, TIOCOUTQ, &queued) != 0) {
-            return Fail(std::strerror(errno), error);
-        }
-        if (queued == 0) {
-            break;
-        }
-        if (lastQueued >= 0 && queued < lastQueued) {
-            timer.Restart();
-        }
-        lastQueued = queued;
-        if (timer.Expired()) {
-            return Fail(VRKStoppedTakingData(kWho, options_.timeoutSeconds), error);
-        }
-        pollfd waiting{fd_, POLLIN, 0};
-        const int ready = ::poll(&waiting, inputEnded_ ? 0 : 1, timer.PollMilliseconds(pause));
-        pause = std::min(pause * 2, 50);
-        if (ready > 0) {
-            if ((waiting.revents & POLLIN) == 0 || !VRKDiscardInput(fd_, inputEnded_)) {
-                inputEnded_ = true;
-            }
-        }
+    std::string reason;
+    if (!writer_.WaitUntilSent(fd_, QueuedOnLine, reason)) {
+        return Fail(reason, error);
     }
     // close() waits for the last bytes to leave the UART.
     const int closed = ::close(fd_);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "host/output/VRKDescriptorWriter.h"
 #include "host/output/VRKDestination.h"
 #include "host/output/VRKSendOptions.h"
 #include "host/output/VRKSender.h"
@@ -36,6 +37,5 @@ class VRKSerialSender final : public VRKSender {
     VRKDestination::Flow flow_;
     VRKSendOptions options_;
     int fd_ = -1;
-    // The line has nothing more to read (it was hung up).
-    bool inputEnded_ = false;
+    VRKDescriptorWriter writer_;
 };

@@ -9,7 +9,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -17,12 +16,46 @@
 
 namespace {
 
-const char kWho[] = "printer";
+ssize_t SendToPrinter(int fd, const void* data, std::size_t size) {
+    return ::send(fd, data, size, MSG_NOSIGNAL | MSG_DONTWAIT);
+}
+
+// What the printer has not acknowledged yet, which the kernel counts; fails when the connection
+// has failed, or the printer has closed it before it took everything.
+bool Unacknowledged(int fd, int& unacknowledged, std::string& reason) {
+    if (::ioctl(fd, SIOCOUTQ, &unacknowledged) != 0) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    if (unacknowledged == 0) {
+        return true;
+    }
+    int failure = 0;
+    socklen_t length = sizeof failure;
+    if (::getsockopt(fd, SOL_SOCKET, SO_ERROR, &failure, &length) == 0 && failure != 0) {
+        reason = std::strerror(failure);
+        return false;
+    }
+    tcp_info info{};
+    length = sizeof info;
+    if (::getsockopt(fd, IPPROTO_TCP, TCP_INFO, &info, &length) == 0 &&
+        info.tcpi_state == TCP_CLOSE) {
+        reason = "the printer closed the connection before it took the whole plot";
+        return false;
+    }
+    return true;
+}
 
 }  // namespace
 
 VRKSocketSender::VRKSocketSender(std::string host, int port, VRKSendOptions options)
-    : host_(std::move(host)), port_(port), options_(std::move(options)) {}
+    : host_(std::move(host)),
+      port_(port),
+      options_(std::move(options)),
+      // What the printer sends back is dropped; a back channel that fails fails the plot.
+      writer_(SendToPrinter, "printer", "the connection took no byte",
+              "the printer closed the connection", VRKDescriptorWriter::UnreadableInput::kFail,
+              options_.timeoutSeconds) {}
 
 VRKSocketSender::~VRKSocketSender() {
     Abort();
@@ -35,7 +68,7 @@ std::string VRKSocketSender::HostAndPort() const {
 
 bool VRKSocketSender::Open(std::string& error) {
     Abort();
-    backChannelEnded_ = false;
+    writer_.Reset();
     addrinfo hints{};
     hints.ai_family = AF_UNSPEC;
     hints.ai_socktype = SOCK_STREAM;
@@ -113,54 +146,9 @@ bool VRKSocketSender::Send(const char* data, std::size_t size, std::string& erro
         error = "the connection is closed";
         return false;
     }
-    VRKSendTimer timer(options_.timeoutSeconds);
-    bool hungUp = false;
-    while (size > 0) {
-        const ssize_t sent = ::send(fd_, data, size, MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (sent > 0) {
-            data += sent;
-            size -= static_cast<std::size_t>(sent);
-            timer.Restart();
-            continue;
-        }
-        if (sent < 0 && errno == EINTR) {
-            continue;
-        }
-        if (sent == 0 || (errno != EAGAIN && errno != EWOULDBLOCK)) {
-            return Fail(sent == 0 ? "the connection took no byte" : std::strerror(errno), error);
-        }
-        if (hungUp) {
-            return Fail("the printer closed the connection", error);
-        }
-        // Wait until the printer takes more, reading what it sends back meanwhile.
-        for (;;) {
-            if (timer.Expired()) {
-                return Fail(VRKStoppedTakingData(kWho, options_.timeoutSeconds), error);
-            }
-            pollfd waiting{fd_, static_cast<short>(POLLOUT | (backChannelEnded_ ? 0 : POLLIN)), 0};
-            const int ready = ::poll(&waiting, 1, timer.PollMilliseconds());
-            if (ready < 0) {
-                if (errno == EINTR) {
-                    continue;
-                }
-                return Fail(std::strerror(errno), error);
-            }
-            if (ready == 0) {
-                continue;
-            }
-            if ((waiting.revents & POLLIN) != 0 && !VRKDiscardInput(fd_, backChannelEnded_) &&
-                !backChannelEnded_) {
-                return Fail(std::strerror(errno), error);
-            }
-            if ((waiting.revents & (POLLOUT | POLLERR)) != 0) {
-                break;
-            }
-            if ((waiting.revents & POLLHUP) != 0) {
-                // The next send says why, or this was the end.
-                hungUp = true;
-                break;
-            }
-        }
+    std::string reason;
+    if (!writer_.Write(fd_, data, size, reason)) {
+        return Fail(reason, error);
     }
     return true;
 }
@@ -173,55 +161,9 @@ bool VRKSocketSender::Finish(std::string& error) {
     if (::shutdown(fd_, SHUT_WR) != 0) {
         return Fail(std::strerror(errno), error);
     }
-    // The kernel counts what the printer has not acknowledged yet; nothing tells when that count
-    // falls, so it is looked at again after a pause that grows from 1 to 50 ms.
-    VRKSendTimer timer(options_.timeoutSeconds);
-    int lastUnacknowledged = -1;
-    int pause = 1;
-    for (;;) {
-        int unacknowledged = 0;
-        if (::ioctl(fd_, SIOCOUTQ, &unacknowledged) != 0) {
-            return Fail(std::strerror(errno), error);
-        }
-        if (unacknowledged == 0) {
-            break;
-        }
-        int failure = 0;
-        socklen_t length = sizeof failure;
-        if (::getsockopt(fd_, SOL_SOCKET, SO_ERROR, &failure, &length) == 0 && failure != 0) {
-            return Fail(std::strerror(failure), error);
-        }
-        tcp_info info{};
-        length = sizeof info;
-        if (::getsockopt(fd_, IPPROTO_TCP, TCP_INFO, &info, &length) == 0 &&
-            info.tcpi_state == TCP_CLOSE) {
-            return Fail("the printer closed the connection before it took the whole plot", error);
-        }
-        if (lastUnacknowledged >= 0 && unacknowledged < lastUnacknowledged) {
-            timer.Restart();
-        }
-        lastUnacknowledged = unacknowledged;
-        if (timer.Expired()) {
-            return Fail(VRKStoppedTakingData(kWho, options_.timeoutSeconds), error);
-        }
-        pollfd waiting{fd_, static_cast<short>(backChannelEnded_ ? 0 : POLLIN), 0};
-        const int ready =
-            ::poll(&waiting, backChannelEnded_ ? 0 : 1, timer.PollMilliseconds(pause));
-        pause = std::min(pause * 2, 50);
-        if (ready < 0 && errno != EINTR) {
-            return Fail(std::strerror(errno), error);
-        }
-        if (ready > 0) {
-            if ((waiting.revents & POLLIN) != 0) {
-                if (!VRKDiscardInput(fd_, backChannelEnded_) && !backChannelEnded_) {
-                    return Fail(std::strerror(errno), error);
-                }
-            } else {
-                // An error or a hang-up without data: looked at on the next round; meanwhile
-                // poll() would return at once.
-                ::poll(nullptr, 0, pause);
-            }
-        }
+    std::string reason;
+    if (!writer_.WaitUntilSent(fd_, Unacknowledged, reason)) {
+        return Fail(reason, error);
     }
     ::close(fd_);
     fd_ = -1;

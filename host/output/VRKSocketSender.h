@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "host/output/VRKDescriptorWriter.h"
 #include "host/output/VRKSendOptions.h"
 #include "host/output/VRKSender.h"
 
@@ -32,6 +33,5 @@ class VRKSocketSender final : public VRKSender {
     int port_;
     VRKSendOptions options_;
     int fd_ = -1;
-    // The printer has closed its sending half: there is nothing more to read.
-    bool backChannelEnded_ = false;
+    VRKDescriptorWriter writer_;
 };

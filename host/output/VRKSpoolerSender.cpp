@@ -195,33 +195,19 @@ bool VRKSpoolerSender::Send(const char* data, std::size_t size, std::string& err
         return false;
     }
     VRKSendTimer timer(options_.timeoutSeconds);
-    while (size > 0) {
-        const ssize_t written = VRKWriteWithoutSigPipe(input_, data, size);
-        if (written > 0) {
-            data += written;
-            size -= static_cast<std::size_t>(written);
-            timer.Restart();
-            continue;
-        }
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written < 0 && errno == EPIPE) {
-            // lp has closed its input before the end of the plot: it has ended, or is ending,
-            // and says why.
-            CloseFd(input_);
-            int status = 0;
-            if (!WaitForLp(status, error)) {
-                CloseAll();
-                return false;
-            }
-            if (WIFEXITED(status) && WEXITSTATUS(status) == 0) {
-                return Fail("lp stopped reading the plot before its end", error);
-            }
-            return Fail(LpFailure(status), error);
-        }
-        if (written == 0 || (errno != EAGAIN && errno != EWOULDBLOCK)) {
-            return Fail(written == 0 ? "lp took no byte" : std::strerror(errno), error);
+    for (;;) {
+        switch (VRKWriteWhatFits(input_, data, size, timer, VRKWriteWithoutSigPipe)) {
+            case VRKWriteProgress::kAllWritten:
+                return true;
+            case VRKWriteProgress::kTookNothing:
+                return Fail("lp took no byte", error);
+            case VRKWriteProgress::kFailed:
+                if (errno == EPIPE) {
+                    return LpStoppedReading(error);
+                }
+                return Fail(std::strerror(errno), error);
+            case VRKWriteProgress::kFull:
+                break;
         }
         // Wait until lp takes more, reading what it says meanwhile.
         for (;;) {
@@ -239,7 +225,21 @@ bool VRKSpoolerSender::Send(const char* data, std::size_t size, std::string& err
             }
         }
     }
-    return true;
+}
+
+bool VRKSpoolerSender::LpStoppedReading(std::string& error) {
+    // lp has closed its input before the end of the plot: it has ended, or is ending, and says
+    // why.
+    CloseFd(input_);
+    int status = 0;
+    if (!WaitForLp(status, error)) {
+        CloseAll();
+        return false;
+    }
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 0) {
+        return Fail("lp stopped reading the plot before its end", error);
+    }
+    return Fail(LpFailure(status), error);
 }
 
 bool VRKSpoolerSender::WaitForLp(int& status, std::string& error) {

@@ -40,6 +40,8 @@ class VRKSpoolerSender final : public VRKSender {
   private:
     // Reads what lp has written on its output and error pipes so far.
     void Collect();
+    // Fails the send when lp has closed its input: with lp's message, once lp has ended.
+    bool LpStoppedReading(std::string& error);
     // Reads the output and error pipes until lp ends or the timeout passes (lp is then killed);
     // false with `error` when lp could not be waited for.
     bool WaitForLp(int& status, std::string& error);
