@@ -17,6 +17,15 @@ namespace {
 constexpr float kBoundsTolerance = 0.001f;
 // The box is widened sideways by this much, so that the travel starts off the area.
 constexpr float kBoxMargin = 0.01f;
+// The plotter unit in millimetres: the smallest step that moves the pen.
+constexpr float kPlotterUnit = 0.025f;
+
+// The height of the next scan line, or infinity once adding the step leaves the height as it
+// is (far from the origin a float's own step is coarser than the pen's), which ends the hatch.
+float nextScanLine(float y, float step) {
+    const float next = y + step;
+    return next != y ? next : std::numeric_limits<float>::infinity();
+}
 
 }  // namespace
 
@@ -65,12 +74,14 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
     xmax += kBoxMargin;
     const float step = 0.5f * tableThickness[pen];
 
-    // A pen without width would never advance the scan line: such a pen gets its outline only.
+    // A pen without width would never advance the scan line, and one whose step is below a
+    // plotter unit would draw the same stroke again and again, the plotter's resolution being
+    // coarser than the step: such a pen gets its outline only.
     std::unique_ptr<float[]> crossings(
         new (std::nothrow) float[2 * static_cast<std::size_t>(total)]);
-    if (crossings != nullptr && ymin != ymax && step > 0.0f) {
+    if (crossings != nullptr && ymin != ymax && step >= kPlotterUnit) {
         bool fromLeft = true;
-        for (float y = ymin; y <= ymax; y += step) {
+        for (float y = ymin; y <= ymax; y = nextScanLine(y, step)) {
             int count = 0;
             const auto accept = [&](float x, bool sloped) {
                 if (!sloped || (x >= xmin + kBoundsTolerance && x <= xmax - kBoundsTolerance)) {

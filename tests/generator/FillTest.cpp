@@ -233,6 +233,43 @@ TEST(ScanLineFill, PenWithoutWidthGetsItsOutlineOnly) {
     EXPECT_EQ(p.log, "M0,0 L4,0 L2,2 L0,0 ");
 }
 
+TEST(ScanLineFill, PenNarrowerThanTwoPlotterUnitsGetsItsOutlineOnly) {
+    // Half the width is the step; below one plotter unit (0.025 mm) the hatch would redraw the
+    // same stroke, and for the narrowest widths never end.
+    for (const float width : {1e-30f, 1e-6f, 0.049f}) {
+        SCOPED_TRACE(width);
+        HatchPlot p(width);
+        const int counts[] = {3};
+        const float xy[] = {0, 0, 4, 0, 2, 2};
+        p.FillArea(1, counts, xy);
+        EXPECT_EQ(p.log, "M0,0 L4,0 L2,2 L0,0 ");
+    }
+}
+
+TEST(ScanLineFill, PenOfTwoPlotterUnitsHatchesAtEachUnit) {
+    HatchPlot p(0.05f);
+    const int counts[] = {4};
+    const float xy[] = {0, 0, 1, 0, 1, 0.1f, 0, 0.1f};
+    p.FillArea(1, counts, xy);
+    // The outline, then a scan line at every plotter unit from the bottom edge up.
+    EXPECT_EQ(p.log,
+              "M0,0 L1,0 L1,0.1 L0,0.1 L0,0 "
+              "M-0.01,0 M0,0 L1,0 M1.01,0.025 M1,0.025 L0,0.025 M-0.01,0.05 M0,0.05 L1,0.05 "
+              "M1.01,0.075 M1,0.075 L0,0.075 M-0.01,0.1 ");
+}
+
+TEST(ScanLineFill, AreaWhereTheStepNoLongerMovesEnds) {
+    // At 2e7 mm a float's own step is 2 mm, coarser than the pen's 1 mm: the first scan line is
+    // drawn and the hatch ends there instead of drawing it for ever.
+    HatchPlot p(2.0f);
+    const int counts[] = {4};
+    const float xy[] = {0, 2e7f, 4, 2e7f, 4, 2e7f + 8, 0, 2e7f + 8};
+    p.FillArea(1, counts, xy);
+    EXPECT_EQ(p.log,
+              "M0,2e+07 L4,2e+07 L4,2e+07 L0,2e+07 L0,2e+07 "
+              "M-0.01,2e+07 M0,2e+07 L4,2e+07 ");
+}
+
 TEST(ScanLineFill, NonZeroRuleFillsOverlapsOnce) {
     HatchPlot p(2.0f, 1);
     // Two overlapping squares: even-odd would leave the overlap empty.
