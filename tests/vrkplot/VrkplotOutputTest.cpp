@@ -183,6 +183,24 @@ TEST_F(Vrkplot, OutputThatIsAFolderOrABlockDevice) {
     EXPECT_EQ(folder.Listing(), "a4.job\nplots\n");
 }
 
+TEST_F(Vrkplot, PlotOnStandardOutputOwnsIt) {
+    // The driver prints the pen table it reads; with the plot on standard output those lines go
+    // to standard error, so that the plot arrives as it would in a file.
+    TempFolder tables{"vrkplot-tables"};
+    tables.Write("PenTable", "1 0 0 0 0.5\n");
+    Job("a4.job", "Begin\nMoveTo 1 1\nLineTo 20 20\nEnd\n");
+    const std::vector<std::string> env = {"HPGL2_PEN_TABLE=1", "TMPDIR=" + tables.Path()};
+    ASSERT_EQ(Run({"a4.job", "-l", "HPGL", "-o", "file.plt", "-q"}, env), 0) << err;
+    EXPECT_NE(out.find("PenTable file for HPGL generation"), std::string::npos) << out;
+    const std::string expected = ReadFileBytes(folder.File("file.plt"));
+    for (const char* stream : {"-q", "--stream"}) {
+        SCOPED_TRACE(stream);
+        ASSERT_EQ(Run({"a4.job", "-l", "HPGL", "-o", "-", stream}, env), 0) << err;
+        EXPECT_BYTES(expected, out);
+        EXPECT_NE(err.find("PenTable file for HPGL generation"), std::string::npos) << err;
+    }
+}
+
 TEST_F(Vrkplot, StandardOutputStreamed) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-o", "-", "--stream"}), 0) << err;

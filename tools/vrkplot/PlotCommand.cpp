@@ -164,8 +164,11 @@ int PlotCommand::Run() const {
             (destination.has_value() ? destination->kind == VRKDestination::Kind::kStandardOutput
                                      : job == "-");
     }
-    // What was done is said on standard output, unless a plot goes there.
+    // What was done is said on standard output, unless a plot goes there. A plot there owns it:
+    // the lines the driver prints itself (the pen table it reads) then go to standard error.
     plotter.SetReport(quiet ? nullptr : toStandardOutput ? &std::cerr : &std::cout);
+    std::streambuf* const standardOutput =
+        toStandardOutput ? std::cout.rdbuf(std::cerr.rdbuf()) : nullptr;
     plotter.SetPrinterName(printer);
     if (haveJobName) {
         plotter.SetJobName(jobName);
@@ -183,6 +186,9 @@ int PlotCommand::Run() const {
         if (!plotter.Plot(job, target)) {
             status = kFailure;
         }
+    }
+    if (standardOutput != nullptr) {
+        std::cout.rdbuf(standardOutput);
     }
     if (haveSaveSettings && !VRKGeneratorSettings::WriteFile(generator, saveSettingsPath, error)) {
         std::cerr << "vrkplot: " << error << '\n';
