@@ -27,24 +27,8 @@ VRKJobOutput::~VRKJobOutput() {
     Discard();
 }
 
-std::string VRKJobOutput::Where() const {
-    switch (destination_.kind) {
-        case VRKDestination::Kind::kStandardOutput:
-            return "standard output";
-        case VRKDestination::Kind::kPath:
-            return destination_.path;
-        default:
-            return destination_.text;
-    }
-}
-
 bool VRKJobOutput::Open(const std::string& path, std::string& error) {
-    VRKDestination destination;
-    destination.text = path;
-    destination.path = path;
-    destination.kind =
-        path == "-" ? VRKDestination::Kind::kStandardOutput : VRKDestination::Kind::kPath;
-    return Open(destination, Options(), error);
+    return Open(VRKDestination::ForPath(path), Options(), error);
 }
 
 bool VRKJobOutput::Open(const VRKDestination& destination, const Options& options,
@@ -74,7 +58,7 @@ bool VRKJobOutput::Open(const VRKDestination& destination, const Options& option
         std::string pattern = VRKEnvironment::TemporaryDirectory() + ".vrkplot.XXXXXX.tmp";
         const int fd = ::mkstemps(pattern.data(), kSuffixLength);
         if (fd < 0) {
-            error = Where() + ": cannot create a temporary file in '" +
+            error = destination_.Describe() + ": cannot create a temporary file in '" +
                     VRKEnvironment::TemporaryDirectory() +
                     "' for the plot: " + std::strerror(errno);
             return false;
@@ -86,7 +70,8 @@ bool VRKJobOutput::Open(const VRKDestination& destination, const Options& option
     }
     sender_ = VRKSender::Create(destination, options.send);
     if (sender_ == nullptr || !sender_->Open(error)) {
-        error = Where() + ": " + (sender_ == nullptr ? std::string("cannot send there") : error);
+        error = destination_.Describe() + ": " +
+                (sender_ == nullptr ? std::string("cannot send there") : error);
         sender_.reset();
         return false;
     }
@@ -96,10 +81,10 @@ bool VRKJobOutput::Open(const VRKDestination& destination, const Options& option
 }
 
 bool VRKJobOutput::OpenTemporary(std::string& error) {
-    const std::string& temporary = mode_ == Mode::kSpool ? spooled_ : file_.GetTemporaryPath();
+    const std::string& temporary = GetTemporaryPath();
     auto stream = std::make_unique<VRKPrintFileStream>();
     if (!stream->Open(temporary)) {
-        error = Where() + ": cannot open the temporary file '" + temporary +
+        error = destination_.Describe() + ": cannot open the temporary file '" + temporary +
                 "': " + std::strerror(errno);
         Discard();
         return false;
@@ -112,9 +97,8 @@ bool VRKJobOutput::OpenTemporary(std::string& error) {
 bool VRKJobOutput::CloseFileStream(std::string& error) {
     size_ = stream_->BytesWritten();
     if (!fileStream_->Close()) {
-        const std::string& temporary = mode_ == Mode::kSpool ? spooled_ : file_.GetTemporaryPath();
-        error = Where() + ": " + fileStream_->GetErrorText() + " (writing the temporary file '" +
-                temporary + "')";
+        error = destination_.Describe() + ": " + fileStream_->GetErrorText() +
+                " (writing the temporary file '" + GetTemporaryPath() + "')";
         return false;
     }
     return true;
@@ -138,9 +122,9 @@ bool VRKJobOutput::Commit(std::string& error) {
             stream->Flush();
             stream->FinishProgress();
             if (!stream->GetError().empty()) {
-                error = Where() + ": " + stream->GetError();
+                error = destination_.Describe() + ": " + stream->GetError();
             } else if (!sender_->Finish(error)) {
-                error = Where() + ": " + error;
+                error = destination_.Describe() + ": " + error;
             } else {
                 TakeReceipt();
                 done = true;
@@ -160,17 +144,18 @@ bool VRKJobOutput::Commit(std::string& error) {
 bool VRKJobOutput::SendSpooled(std::string& error) {
     const int fd = ::open(spooled_.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        error = Where() + ": cannot read back the temporary file '" + spooled_ +
+        error = destination_.Describe() + ": cannot read back the temporary file '" + spooled_ +
                 "': " + std::strerror(errno);
         return false;
     }
     sender_ = VRKSender::Create(destination_, options_.send);
     if (sender_ == nullptr || !sender_->Open(error)) {
-        error = Where() + ": " + (sender_ == nullptr ? std::string("cannot send there") : error);
+        error = destination_.Describe() + ": " +
+                (sender_ == nullptr ? std::string("cannot send there") : error);
         ::close(fd);
         return false;
     }
-    VRKSendProgress progress(options_.progress ? size_ : 0, options_.progress ? 2 : -1);
+    VRKSendProgress progress(size_, options_.progress ? 2 : -1);
     std::vector<char> block(kSendBlock);
     std::uint64_t sent = 0;
     bool ok = true;
@@ -180,7 +165,7 @@ bool VRKJobOutput::SendSpooled(std::string& error) {
             continue;
         }
         if (n < 0) {
-            error = Where() + ": cannot read back the temporary file '" + spooled_ +
+            error = destination_.Describe() + ": cannot read back the temporary file '" + spooled_ +
                     "': " + std::strerror(errno);
             ok = false;
             break;
@@ -189,7 +174,7 @@ bool VRKJobOutput::SendSpooled(std::string& error) {
             break;
         }
         if (!sender_->Send(block.data(), static_cast<std::size_t>(n), error)) {
-            error = Where() + ": " + error;
+            error = destination_.Describe() + ": " + error;
             ok = false;
             break;
         }
@@ -198,7 +183,7 @@ bool VRKJobOutput::SendSpooled(std::string& error) {
     }
     ::close(fd);
     if (ok && !sender_->Finish(error)) {
-        error = Where() + ": " + error;
+        error = destination_.Describe() + ": " + error;
         ok = false;
     }
     progress.Finish();

@@ -72,7 +72,6 @@ class VRKJobOutput {
   private:
     enum class Mode { kNone, kReplace, kSpool, kStream };
 
-    std::string Where() const;
     bool OpenTemporary(std::string& error);
     bool CloseFileStream(std::string& error);
     bool SendSpooled(std::string& error);

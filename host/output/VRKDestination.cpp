@@ -289,7 +289,29 @@ bool VRKDestination::Parse(const std::string& text, VRKDestination& destination,
     if (StartsWith(text, kSerialPrefix)) {
         return ParseSerial(text, destination, error);
     }
-    destination.kind = Kind::kPath;
-    destination.path = text;
+    destination = ForPath(text);
     return true;
+}
+
+VRKDestination VRKDestination::ForPath(const std::string& path) {
+    VRKDestination destination;
+    destination.text = path;
+    if (path == "-") {
+        destination.kind = Kind::kStandardOutput;
+    } else {
+        destination.kind = Kind::kPath;
+        destination.path = path;
+    }
+    return destination;
+}
+
+std::string VRKDestination::Describe() const {
+    switch (kind) {
+        case Kind::kStandardOutput:
+            return "standard output";
+        case Kind::kPath:
+            return path;
+        default:
+            return text;
+    }
 }

@@ -36,4 +36,10 @@ struct VRKDestination {
     // Parses `text`; false with `error` saying what is wrong (for a message that starts with the
     // text itself) when it is not a destination.
     static bool Parse(const std::string& text, VRKDestination& destination, std::string& error);
+    // The destination of a path taken as a path whatever it looks like (a plot file named after
+    // its job), or of "-" for standard output.
+    static VRKDestination ForPath(const std::string& path);
+
+    // The destination for messages: "standard output", the path, or the text as written.
+    std::string Describe() const;
 };

@@ -17,6 +17,7 @@
 #include "host/output/VRKSender.h"
 #include "host/output/VRKSerialSender.h"
 #include "tests/output/SenderTestSupport.h"
+#include "tests/support/PseudoTerminal.h"
 
 namespace {
 
@@ -25,73 +26,6 @@ using std::chrono::steady_clock;
 
 constexpr char kXoff = 0x13;
 constexpr char kXon = 0x11;
-
-// A pseudo-terminal pair; the sender opens the terminal by its name.
-class PseudoTerminal {
-  public:
-    PseudoTerminal() {
-        master_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-        if (master_ < 0 || ::grantpt(master_) != 0 || ::unlockpt(master_) != 0) {
-            ADD_FAILURE() << "cannot open a pseudo-terminal";
-            return;
-        }
-        terminal_ = ::ptsname(master_);
-    }
-    ~PseudoTerminal() {
-        if (master_ >= 0) {
-            ::close(master_);
-        }
-    }
-    PseudoTerminal(const PseudoTerminal&) = delete;
-    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
-
-    int Master() const { return master_; }
-    const std::string& Terminal() const { return terminal_; }
-
-    // Reads what comes within `wait` into `into`; the number of bytes read.
-    std::size_t ReadFor(milliseconds wait, std::string& into) const {
-        const auto end = steady_clock::now() + wait;
-        std::size_t got = 0;
-        for (;;) {
-            const auto left =
-                std::chrono::duration_cast<milliseconds>(end - steady_clock::now()).count();
-            if (left <= 0) {
-                return got;
-            }
-            pollfd waiting{master_, POLLIN, 0};
-            if (::poll(&waiting, 1, static_cast<int>(left)) <= 0) {
-                continue;
-            }
-            char buffer[65536];
-            const ssize_t n = ::read(master_, buffer, sizeof buffer);
-            if (n > 0) {
-                into.append(buffer, static_cast<std::size_t>(n));
-                got += static_cast<std::size_t>(n);
-            }
-        }
-    }
-
-    // Reads until `into` holds `size` bytes or more, or `wait` has passed; stops as soon as it
-    // does.
-    void ReadUntil(std::size_t size, milliseconds wait, std::string& into) const {
-        const auto end = steady_clock::now() + wait;
-        while (into.size() < size && steady_clock::now() < end) {
-            pollfd waiting{master_, POLLIN, 0};
-            if (::poll(&waiting, 1, 20) <= 0) {
-                continue;
-            }
-            char buffer[4096];
-            const ssize_t n = ::read(master_, buffer, sizeof buffer);
-            if (n > 0) {
-                into.append(buffer, static_cast<std::size_t>(n));
-            }
-        }
-    }
-
-  private:
-    int master_ = -1;
-    std::string terminal_;
-};
 
 std::unique_ptr<VRKSender> SerialSender(const std::string& text, double timeoutSeconds = 0) {
     VRKDestination destination;

@@ -17,48 +17,11 @@
 #include "host/output/VRKSender.h"
 #include "host/output/VRKSocketSender.h"
 #include "tests/output/SenderTestSupport.h"
+#include "tests/support/LoopbackListener.h"
 
 namespace {
 
 using std::chrono::steady_clock;
-
-// A TCP socket listening on 127.0.0.1 at a port of the kernel's choice.
-class Listener {
-  public:
-    explicit Listener(int backlog = 8, int receiveBuffer = 0) {
-        fd_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        if (receiveBuffer > 0) {
-            // Set before listen(): accepted connections inherit it, and the window it announces.
-            ::setsockopt(fd_, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
-        }
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t length = sizeof address;
-        if (::bind(fd_, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-            ::listen(fd_, backlog) != 0 ||
-            ::getsockname(fd_, reinterpret_cast<sockaddr*>(&address), &length) != 0) {
-            ADD_FAILURE() << "cannot listen on the loopback interface";
-        }
-        port_ = ntohs(address.sin_port);
-    }
-    ~Listener() { Close(); }
-    Listener(const Listener&) = delete;
-    Listener& operator=(const Listener&) = delete;
-
-    int Fd() const { return fd_; }
-    int Port() const { return port_; }
-    void Close() {
-        if (fd_ >= 0) {
-            ::close(fd_);
-            fd_ = -1;
-        }
-    }
-
-  private:
-    int fd_ = -1;
-    int port_ = 0;
-};
 
 VRKDestination SocketDestination(int port) {
     VRKDestination destination;
@@ -85,7 +48,7 @@ TEST(SocketSender, CreateMakesOne) {
 }
 
 TEST(SocketSender, AServerThatReadsGetsExactlyTheBytesThenTheEnd) {
-    Listener listener;
+    LoopbackListener listener;
     const std::string plot = VariedBytes(5 * 1000 * 1000);
     std::string received;
     std::thread server([&] {
@@ -104,7 +67,7 @@ TEST(SocketSender, AServerThatReadsGetsExactlyTheBytesThenTheEnd) {
 }
 
 TEST(SocketSender, BackChannelBytesAreDropped) {
-    Listener listener;
+    LoopbackListener listener;
     const std::string plot = VariedBytes(3 * 1000 * 1000, 7);
     std::string received;
     std::thread server([&] {
@@ -127,7 +90,7 @@ TEST(SocketSender, BackChannelBytesAreDropped) {
 TEST(SocketSender, ARefusedConnectionFailsAtOnce) {
     int port = 0;
     {
-        Listener closed;
+        LoopbackListener closed;
         port = closed.Port();
     }
     const auto start = steady_clock::now();
@@ -149,7 +112,7 @@ TEST(SocketSender, AnUnknownHostIsNamed) {
 }
 
 TEST(SocketSender, AServerThatNeverReadsFailsWithinTheTimeout) {
-    Listener listener(8, 4096);
+    LoopbackListener listener(8, 4096);
     std::atomic<bool> done{false};
     std::thread server([&] {
         const int connection = ::accept(listener.Fd(), nullptr, nullptr);
@@ -179,7 +142,7 @@ TEST(SocketSender, AServerThatNeverReadsFailsWithinTheTimeout) {
 TEST(SocketSender, FinishWaitsUntilTheServerHasTakenEverything) {
     // The server takes the plot only after 1.5 seconds: the send stalls in Send or, when the
     // kernel's buffers take it all, in Finish, but does not end before.
-    Listener listener(8, 4096);
+    LoopbackListener listener(8, 4096);
     const std::string plot = VariedBytes(200000, 3);
     std::string received;
     std::thread server([&] {
@@ -202,7 +165,7 @@ TEST(SocketSender, FinishWaitsUntilTheServerHasTakenEverything) {
 }
 
 TEST(SocketSender, AServerThatGoesAwayFailsTheSend) {
-    Listener listener;
+    LoopbackListener listener;
     std::thread server([&] {
         const int connection = ::accept(listener.Fd(), nullptr, nullptr);
         if (connection >= 0) {
@@ -223,7 +186,7 @@ TEST(SocketSender, AServerThatGoesAwayFailsTheSend) {
 TEST(SocketSender, AConnectionWithoutAnswerTimesOut) {
     // A listener with a backlog of 0 whose queue is full: the kernel drops further SYNs, so a
     // connection neither completes nor is refused.
-    Listener listener(0);
+    LoopbackListener listener(0);
     std::vector<int> fillers;
     for (int i = 0; i < 4; ++i) {
         const int fd = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
@@ -253,7 +216,7 @@ TEST(SocketSender, AConnectionWithoutAnswerTimesOut) {
 }
 
 TEST(SocketSender, AbortResetsTheConnection) {
-    Listener listener;
+    LoopbackListener listener;
     std::string received;
     std::thread server([&] {
         const int connection = ::accept(listener.Fd(), nullptr, nullptr);

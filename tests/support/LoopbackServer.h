@@ -4,53 +4,30 @@
 // accepts one connection on a thread of its own and, depending on its behaviour, reads everything
 // until the client closes, or accepts and never reads.
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <atomic>
-#include <stdexcept>
 #include <string>
 #include <thread>
+
+#include "support/LoopbackListener.h"
 
 class LoopbackServer {
   public:
     enum class Behaviour { kReadAll, kNeverRead };
 
     explicit LoopbackServer(Behaviour behaviour = Behaviour::kReadAll, int receiveBuffer = 0)
-        : behaviour_(behaviour) {
-        listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        if (listener_ < 0) {
-            throw std::runtime_error("socket");
-        }
-        if (receiveBuffer > 0) {
-            // Inherited by the accepted connection: a small window fills at once.
-            ::setsockopt(listener_, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
-        }
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t length = sizeof address;
-        if (::bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-            ::listen(listener_, 4) != 0 ||
-            ::getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &length) != 0) {
-            ::close(listener_);
-            throw std::runtime_error("bind");
-        }
-        port_ = ntohs(address.sin_port);
+        : behaviour_(behaviour), listener_(4, receiveBuffer) {
         thread_ = std::thread([this] { Serve(); });
     }
-    ~LoopbackServer() {
-        Stop();
-        ::close(listener_);
-    }
+    ~LoopbackServer() { Stop(); }
     LoopbackServer(const LoopbackServer&) = delete;
     LoopbackServer& operator=(const LoopbackServer&) = delete;
 
-    int Port() const { return port_; }
-    std::string Url() const { return "socket://127.0.0.1:" + std::to_string(port_); }
+    int Port() const { return listener_.Port(); }
+    std::string Url() const { return "socket://127.0.0.1:" + std::to_string(Port()); }
     // What the client sent, once it has closed (kReadAll); waits for that up to the server's end.
     const std::string& Received() {
         Stop();
@@ -85,10 +62,10 @@ class LoopbackServer {
         }
     }
     void Serve() {
-        if (!Wait(listener_)) {
+        if (!Wait(listener_.Fd())) {
             return;
         }
-        const int connection = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+        const int connection = ::accept4(listener_.Fd(), nullptr, nullptr, SOCK_CLOEXEC);
         if (connection < 0) {
             return;
         }
@@ -113,8 +90,7 @@ class LoopbackServer {
     }
 
     Behaviour behaviour_;
-    int listener_ = -1;
-    int port_ = 0;
+    LoopbackListener listener_;
     std::thread thread_;
     std::atomic<bool> stop_{false};
     std::atomic<bool> reading_{false};

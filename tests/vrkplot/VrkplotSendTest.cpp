@@ -15,6 +15,7 @@
 
 #include "support/LoopbackServer.h"
 #include "support/Printable.h"
+#include "support/PseudoTerminal.h"
 #include "vrkplot/VrkplotFixture.h"
 
 namespace {
@@ -144,82 +145,28 @@ TEST_F(Vrkplot, SpoolerFailureIsReported) {
     EXPECT_EQ(out, "");
 }
 
-// A pseudo-terminal stands in for a pen plotter on a serial line.
-class PseudoTerminal {
-  public:
-    PseudoTerminal() {
-        master_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-        if (master_ >= 0 && ::grantpt(master_) == 0 && ::unlockpt(master_) == 0) {
-            slavePath_ = ::ptsname(master_);
-            // Held open by the test too, so that the line stays up between the program's opening
-            // and closing it.
-            slave_ = ::open(slavePath_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-        }
-    }
-    ~PseudoTerminal() {
-        if (slave_ >= 0) {
-            ::close(slave_);
-        }
-        if (master_ >= 0) {
-            ::close(master_);
-        }
-    }
-    bool Ok() const { return slave_ >= 0; }
-    const std::string& SlavePath() const { return slavePath_; }
-
-    // Reads what arrives within `wait`.
-    std::string ReadFor(std::chrono::milliseconds wait) {
-        std::string got;
-        const auto end = Clock::now() + wait;
-        while (Clock::now() < end) {
-            pollfd entry{master_, POLLIN, 0};
-            if (::poll(&entry, 1, 10) > 0) {
-                char block[4096];
-                const ssize_t n = ::read(master_, block, sizeof block);
-                if (n > 0) {
-                    got.append(block, static_cast<std::size_t>(n));
-                }
-            }
-        }
-        return got;
-    }
-    // Reads until `size` bytes have arrived in all, or `wait` has passed.
-    std::string ReadUntil(std::size_t size, std::chrono::seconds wait) {
-        std::string got;
-        const auto end = Clock::now() + wait;
-        while (got.size() < size && Clock::now() < end) {
-            got += ReadFor(std::chrono::milliseconds(20));
-        }
-        return got;
-    }
-    void Send(char c) { ASSERT_EQ(::write(master_, &c, 1), 1); }
-
-  private:
-    int master_ = -1;
-    int slave_ = -1;
-    std::string slavePath_;
-};
-
 TEST_F(Vrkplot, SerialPlotterPausesTheSendWithXoff) {
     Job("lines.job", thickLines(2000));
     ASSERT_EQ(Run({"lines.job", "-l", "HPGL", "-o", "file.plt"}), 0) << err;
     const std::string expected = ReadFileBytes(folder.File("file.plt"));
     ASSERT_GT(expected.size(), 500000u);
     PseudoTerminal plotter;
-    ASSERT_TRUE(plotter.Ok());
+    ASSERT_TRUE(plotter.HoldTerminal());
     std::string received;
     bool quietWhilePaused = false;
     std::thread reader([&] {
-        received = plotter.ReadUntil(1000, std::chrono::seconds(20));
-        plotter.Send('\x13');  // XOFF
+        using std::chrono::milliseconds;
+        plotter.ReadUntil(1000, milliseconds(20000), received);
+        const char xoff = 0x13, xon = 0x11;
+        EXPECT_EQ(::write(plotter.Master(), &xoff, 1), 1);
         // What was on its way when the plotter said stop still arrives; then nothing.
-        received += plotter.ReadFor(std::chrono::milliseconds(200));
-        quietWhilePaused = plotter.ReadFor(std::chrono::milliseconds(400)).empty();
-        plotter.Send('\x11');  // XON
-        received += plotter.ReadUntil(expected.size() - received.size(), std::chrono::seconds(30));
+        plotter.ReadFor(milliseconds(200), received);
+        quietWhilePaused = plotter.ReadFor(milliseconds(400), received) == 0;
+        EXPECT_EQ(::write(plotter.Master(), &xon, 1), 1);
+        plotter.ReadUntil(expected.size(), milliseconds(30000), received);
     });
     EXPECT_EQ(Run({"lines.job", "-l", "HPGL", "-o",
-                   "serial:" + plotter.SlavePath() + "?baud=9600&flow=xonxoff", "-q"}),
+                   "serial:" + plotter.Terminal() + "?baud=9600&flow=xonxoff", "-q"}),
               0)
         << err;
     reader.join();

@@ -118,10 +118,7 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
         return false;
     }
     if (report_ != nullptr) {
-        std::string where = destination.kind == VRKDestination::Kind::kStandardOutput
-                                ? "standard output"
-                            : destination.kind == VRKDestination::Kind::kPath ? destination.path
-                                                                              : destination.text;
+        std::string where = destination.Describe();
         if (!printerName_.empty()) {
             where = "printer " + printerName_ + " at " + where;
         }

@@ -37,15 +37,6 @@ std::string defaultOutput(const std::string& job) {
     return job + ".plt";
 }
 
-VRKDestination pathDestination(const std::string& path) {
-    VRKDestination destination;
-    destination.text = path;
-    destination.path = path;
-    destination.kind =
-        path == "-" ? VRKDestination::Kind::kStandardOutput : VRKDestination::Kind::kPath;
-    return destination;
-}
-
 // The language of the command: -l, else the printer's, else the settings file's, else HPGL2.
 const VRKClassEntry* chooseLanguage(const std::string& language, const VRKLightXmlElement* file,
                                     const std::string& settingsPath, std::string& error) {
@@ -176,9 +167,10 @@ int PlotCommand::Run() const {
 
     int status = 0;
     for (const std::string& job : jobs) {
-        const VRKDestination target = destination.has_value()
-                                          ? *destination
-                                          : pathDestination(job == "-" ? "-" : defaultOutput(job));
+        const VRKDestination target =
+            destination.has_value()
+                ? *destination
+                : VRKDestination::ForPath(job == "-" ? "-" : defaultOutput(job));
         options.send.timeoutSeconds =
             haveTimeout ? timeoutSeconds
                         : (target.kind == VRKDestination::Kind::kSocket ? kSocketTimeout : 0);

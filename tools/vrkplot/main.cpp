@@ -88,8 +88,7 @@ int main(int argc, char** argv) {
         "Seconds a printer may take to accept the connection or the next bytes before the send "
         "fails; 0 waits for ever (default: 30 for socket://, none for serial:)");
     timeoutOption->check(CLI::NonNegativeNumber);
-    CLI::Option* quietOption =
-        app.add_flag("-q,--quiet", plot.quiet, "Do not say what was written or sent");
+    app.add_flag("-q,--quiet", plot.quiet, "Do not say what was written or sent");
     bool list = false;
     app.add_flag("--list-languages", list, "List the printer languages and exit")
         ->excludes(jobsOption)
@@ -181,6 +180,5 @@ int main(int argc, char** argv) {
     plot.haveTimeout = timeoutOption->count() > 0;
     plot.haveJobName = nameOption->count() > 0;
     plot.haveSaveSettings = saveOption->count() > 0;
-    (void)quietOption;
     return plot.Run();
 }
