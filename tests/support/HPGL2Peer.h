@@ -17,6 +17,8 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     VRKPrintHPGL2Properties& Record() { return *properties; }
 
     using VRKPrintHPGL2Generator::allocatePenTable;
+    using VRKPrintHPGL2Generator::scanLineFill;
+    using VRKPrintHPGL2Generator::suppressStrokes;
     using VRKPrintHPGL2Generator::beginPlotValue;
     using VRKPrintHPGL2Generator::closeEncodedPolyline;
     using VRKPrintHPGL2Generator::currentDrawColor;
@@ -58,11 +60,9 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     using VRKPrintHPGL2Generator::printThickness;
     using VRKPrintHPGL2Generator::properties;
     using VRKPrintHPGL2Generator::relativeMoves;
-    using VRKPrintHPGL2Generator::scanLineFill;
     using VRKPrintHPGL2Generator::selectPenForColor;
     using VRKPrintHPGL2Generator::strokeCount;
     using VRKPrintHPGL2Generator::strokeSpacing;
-    using VRKPrintHPGL2Generator::suppressStrokes;
     using VRKPrintHPGL2Generator::tableBlue;
     using VRKPrintHPGL2Generator::tableEnabled;
     using VRKPrintHPGL2Generator::tableGreen;
