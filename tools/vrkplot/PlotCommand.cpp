@@ -63,6 +63,8 @@ int PlotCommand::Run() const {
     std::vector<JobPlotter::Settings> settings;
     std::string languageName = language;
     std::optional<VRKDestination> destination;
+    // Where the printer's language and settings come from, for messages about them.
+    std::string printerSource;
     std::string error;
     if (!printer.empty()) {
         VRKPrinterManager manager;
@@ -71,8 +73,7 @@ int PlotCommand::Run() const {
         }
         const VRKPrinter* found = manager.Find(printer);
         if (found == nullptr) {
-            std::string message =
-                "no printer '" + printer + "' in " + VRKPrinterManager::DefaultPath();
+            std::string message = "no printer '" + printer + "' in " + manager.GetPath();
             VRKRawCollPV list;
             manager.GetPrinterList(list);
             std::string names;
@@ -86,24 +87,20 @@ int PlotCommand::Run() const {
                                                  : "; printers: " + names));
         }
         languageName = found->GetLanguage().ToUtf8();
-        const std::string source = VRKPrinterManager::DefaultPath() + ":" +
-                                   std::to_string(found->GetSourceLine()) + ": printer '" +
-                                   printer + "'";
+        printerSource = found->GetFile() + ":" + std::to_string(found->GetSourceLine()) +
+                        ": printer '" + printer + "'";
         if (found->GetSettings() != nullptr) {
-            settings.push_back({*found->GetSettings(), source});
+            settings.push_back({*found->GetSettings(), printerSource});
         }
         if (!haveOutput) {
             destination.emplace();
             if (!VRKDestination::Parse(found->GetDestination().ToUtf8(), *destination, error)) {
                 manager.End();
-                return fail(source + ": destination '" + found->GetDestination().ToUtf8() +
+                return fail(printerSource + ": destination '" + found->GetDestination().ToUtf8() +
                             "': " + error);
             }
         }
         manager.End();
-        if (vrkplot::findLanguage(languageName, error) == nullptr) {
-            return fail(source + ": " + error);
-        }
     }
 
     // The settings file, read and tried before any job runs so that a bad file stops everything
@@ -117,7 +114,7 @@ int PlotCommand::Run() const {
     const VRKClassEntry* entry =
         chooseLanguage(languageName, settingsPath.empty() ? nullptr : &file, settingsPath, error);
     if (entry == nullptr) {
-        return fail(error);
+        return fail(printerSource.empty() ? error : printerSource + ": " + error);
     }
     if (!settingsPath.empty()) {
         settings.push_back({file, settingsPath});

@@ -45,7 +45,7 @@ int PrintersCommand::List() const {
     if (printers.Size() == 0) {
         manager.End();
         if (!quiet) {
-            std::cerr << "vrkplot: no printers in " << VRKPrinterManager::DefaultPath()
+            std::cerr << "vrkplot: no printers in " << manager.GetPath()
                       << " (add one with: vrkplot printers --add NAME -l LANGUAGE --destination "
                          "DEST)\n";
         }
@@ -130,7 +130,7 @@ int PrintersCommand::Add() const {
     }
     if (!quiet) {
         std::cout << "printer " << *add << " (" << entry->language << ", " << destination
-                  << ") added to " << VRKPrinterManager::DefaultPath() << std::endl;
+                  << ") added to " << manager.GetPath() << std::endl;
     }
     return 0;
 }
@@ -147,8 +147,7 @@ int PrintersCommand::Remove() const {
         return fail(error);
     }
     if (!quiet) {
-        std::cout << "printer " << *remove << " removed from " << VRKPrinterManager::DefaultPath()
-                  << std::endl;
+        std::cout << "printer " << *remove << " removed from " << manager.GetPath() << std::endl;
     }
     return 0;
 }
