@@ -41,6 +41,8 @@ class VRKPrinter : public VRKBaseUnknown {
     int GetSourceLine() const { return sourceLine_; }
     // The file the printer was read from (or is to be saved to).
     const std::string& GetFile() const { return file_; }
+    // "FILE:LINE: printer 'NAME'" (as much of it as is known), for messages about the printer.
+    std::string Describe() const { return Where(sourceLine_); }
 
     // A generator of the printer's language with the printer's settings read into its record,
     // made on the first call through the class dictionary. The printer owns it and releases it

@@ -147,6 +147,19 @@ TEST_F(VrkplotPrinters, UnknownPrinter) {
     EXPECT_EQ(folder.Listing(), "a4.job\nprinters.xml\n");
 }
 
+TEST_F(VrkplotPrinters, PrinterOfAnUnknownLanguageNamesItsLine) {
+    Job("a4.job", "Begin\nEnd\n");
+    folder.Write(
+        "printers.xml",
+        "<Printers>\n  <Printer name=\"x\" language=\"HPGL9\" destination=\"/dev/null\"/>\n"
+        "</Printers>\n");
+    EXPECT_EQ(RunWithList({"-p", "x", "a4.job"}), 2);
+    EXPECT_EQ(err, "vrkplot: " + list +
+                       ":2: printer 'x': unknown language 'HPGL9'; known languages: HP1000GL2, "
+                       "HP4000GL2, HPGL, HPGL2\n");
+    EXPECT_EQ(folder.Listing(), "a4.job\nprinters.xml\n");
+}
+
 TEST_F(VrkplotPrinters, MalformedListNamesFileAndLine) {
     Job("a4.job", "Begin\nEnd\n");
     folder.Write("printers.xml", "<Printers>\n  <Printer name=\"a\"\n</Printers>\n");

@@ -87,8 +87,7 @@ int PlotCommand::Run() const {
                                                  : "; printers: " + names));
         }
         languageName = found->GetLanguage().ToUtf8();
-        printerSource = found->GetFile() + ":" + std::to_string(found->GetSourceLine()) +
-                        ": printer '" + printer + "'";
+        printerSource = found->Describe();
         if (found->GetSettings() != nullptr) {
             settings.push_back({*found->GetSettings(), printerSource});
         }
