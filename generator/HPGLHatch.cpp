@@ -140,9 +140,16 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
             SingleSort(crossings.get(), count, order.get());
             DrvMoveTo(fromLeft ? xmin : xmax, y);
             // Spans between crossings 1-2, 3-4, ... are drawn: even-odd.
+            const auto crossing = [&](int c) {
+                return crossings[static_cast<std::size_t>(fromLeft ? c : count - 1 - c)];
+            };
             for (int c = 0; c < count; ++c) {
-                const float x = crossings[static_cast<std::size_t>(fromLeft ? c : count - 1 - c)];
+                const float x = crossing(c);
                 if (c % 2 == 0) {
+                    if (c + 1 < count && spanBelowPlotterUnit(x, crossing(c + 1), y)) {
+                        ++c;
+                        continue;
+                    }
                     DrvMoveTo(x, y);
                 } else {
                     DrvLineTo(x, y);
@@ -158,4 +165,18 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
         selectPen(
             selectPenForColor(currentDrawColor, currentDrawWidth, strokeCount, strokeSpacing));
     }
+}
+
+// A span between two different crossings that both fall on the same plotter unit would be a
+// stroke of no length: the plotter would lower the pen where it already is. An area of many thin
+// slivers would otherwise fill the plot with them. Two equal crossings (a vertex lying on the
+// scan line) still touch the paper there.
+bool VRKPrintHPGL2Generator::spanBelowPlotterUnit(float x0, float x1, float y) const {
+    if (x0 == x1) {
+        return false;
+    }
+    int px0, px1, py;
+    toPlotterUnits(x0, y, px0, py);
+    toPlotterUnits(x1, y, px1, py);
+    return px0 == px1;
 }

@@ -161,6 +161,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
     void scanLineFill(int nbPolygons, const int* nbPoints, const float* points);
+    // True when a hatch span between two different crossings lies within one plotter unit.
+    bool spanBelowPlotterUnit(float x0, float x1, float y) const;
     // One image or tile: PU to its right-hand edge, PCL raster, back to HP-GL/2.
     void writeRaster(float x, float y, const VRKPixelImage& image);
     // Rows of a grey or RGB image as mirrored RGB rows, delta-row compressed where that pays.

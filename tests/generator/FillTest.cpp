@@ -270,6 +270,22 @@ TEST(ScanLineFill, AreaWhereTheStepNoLongerMovesEnds) {
               "M-0.01,2e+07 M0,2e+07 L4,2e+07 ");
 }
 
+TEST(ScanLineFill, SpansWithinOnePlotterUnitAreNotDrawn) {
+    HatchPlot p;
+    // A sliver 0.01 mm wide at its base: every scan line crosses it twice within the same
+    // plotter unit (0.025 mm), so those lines move past it and draw nothing.
+    const int counts[] = {3};
+    const float xy[] = {0, 0, 0.01f, 0, 0.01f, 3};
+    p.FillArea(1, counts, xy);
+    EXPECT_EQ(p.log,
+              "M0,0 L0.01,0 L0.01,3 L0,0 "
+              "M-0.01,0 "  // the base too: from 0 to 0.01
+              "M0.02,1 "
+              "M-0.01,2 "
+              "M0.02,3 ");
+    EXPECT_EQ(p.Take(), "PD0,0PD0,120PD0,0");
+}
+
 TEST(ScanLineFill, NonZeroRuleFillsOverlapsOnce) {
     HatchPlot p(2.0f, 1);
     // Two overlapping squares: even-odd would leave the overlap empty.
