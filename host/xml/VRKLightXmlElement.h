@@ -26,6 +26,12 @@ class VRKLightXmlElement {
     // Sets an attribute: an existing one keeps its place, a new one goes last.
     void SetAttribute(const VRKString& name, const VRKString& value);
     void RemoveAttribute(const VRKString& name);
+    // Replaces all attributes by `attributes`, in their order; the names must be distinct. Builds
+    // an element of many attributes at once, where setting them one by one would compare each
+    // name with all before it.
+    void SetAttributes(std::vector<std::pair<VRKString, VRKString>> attributes) {
+        attributes_ = std::move(attributes);
+    }
     int GetAttributeCount() const { return static_cast<int>(attributes_.size()); }
     // The attributes in order, as (name, value) pairs.
     const std::vector<std::pair<VRKString, VRKString>>& GetAttributes() const {

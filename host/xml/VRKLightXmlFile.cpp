@@ -4,6 +4,10 @@
 
 #include <algorithm>
 #include <sstream>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "host/xml/VRKXmlText.h"
 
@@ -43,6 +47,24 @@ class LineCursor {
 // host's own files are five levels deep at most (a printer list with pens).
 constexpr int kMaxDepth = 256;
 
+// The attributes of an element in document order. A name given twice keeps its first place and
+// takes its last value, as setting them one by one would; found through a hash of the names, so
+// an element of any number of attributes is read in linear time.
+void setAttributes(const pugi::xml_node& node, VRKLightXmlElement& element) {
+    std::vector<std::pair<VRKString, VRKString>> attributes;
+    std::unordered_map<std::string_view, size_t> places;
+    for (const pugi::xml_attribute& attribute : node.attributes()) {
+        const std::string_view name = attribute.name();
+        const auto [place, added] = places.try_emplace(name, attributes.size());
+        if (added) {
+            attributes.emplace_back(attribute.name(), attribute.value());
+        } else {
+            attributes[place->second].second = attribute.value();
+        }
+    }
+    element.SetAttributes(std::move(attributes));
+}
+
 // Converts an element and its children; false, with the element too deep, when the document goes
 // below kMaxDepth. `lines` is null when the parsed text is not the text the offsets count in (a
 // document in another encoding, converted to UTF-8 before parsing): the elements then have no
@@ -53,9 +75,7 @@ bool fromPugi(const pugi::xml_node& node, VRKLightXmlElement& element, LineCurso
     if (lines != nullptr) {
         element.SetSourceLine(lines->LineOf(node.offset_debug()));
     }
-    for (const pugi::xml_attribute& attribute : node.attributes()) {
-        element.SetAttribute(attribute.name(), attribute.value());
-    }
+    setAttributes(node, element);
     for (const pugi::xml_node& child : node.children()) {
         if (child.type() != pugi::node_element) {
             continue;

@@ -18,18 +18,38 @@
 namespace vrk_xml {
 
 bool readWholeFile(const std::string& path, std::string& text, std::string& error) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC);
+    if (fd < 0) {
         error = path + ": cannot open: " + std::strerror(errno);
         return false;
     }
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
-    if (in.bad()) {
-        error = path + ": cannot read";
-        return false;
+    // Read in pieces up to one byte past the limit: a file's size may be unknown (a pipe) or
+    // wrong (a file of the kernel's), and an endless source must end too.
+    std::string read;
+    char piece[65536];
+    for (;;) {
+        const ssize_t n = ::read(fd, piece, sizeof piece);
+        if (n < 0 && errno == EINTR) {
+            continue;
+        }
+        if (n < 0) {
+            error = path + ": cannot read: " + std::strerror(errno);
+            ::close(fd);
+            return false;
+        }
+        if (n == 0) {
+            break;
+        }
+        read.append(piece, static_cast<size_t>(n));
+        if (read.size() > kMaxFileSize) {
+            error = path + ": larger than " + std::to_string(kMaxFileSize / (1024 * 1024)) +
+                    " MiB; settings files and printer lists are far smaller";
+            ::close(fd);
+            return false;
+        }
     }
-    text = std::move(buffer).str();
+    ::close(fd);
+    text = std::move(read);
     return true;
 }
 

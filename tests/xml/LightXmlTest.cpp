@@ -70,6 +70,36 @@ TEST(LightXmlFile, ParseKeepsElementsAndAttributesInOrder) {
     EXPECT_EQ(root.GetChild(1)->GetFirstChild()->GetName().str(), "g");
 }
 
+TEST(LightXmlFile, AnAttributeGivenTwiceKeepsItsPlaceAndTakesItsLastValue) {
+    VRKLightXmlElement root;
+    std::string error;
+    ASSERT_TRUE(VRKLightXmlFile::Parse("<r x=\"1\" y=\"2\" x=\"3\" z=\"4\" y=\"5\"/>", root, error))
+        << error;
+    ASSERT_EQ(root.GetAttributeCount(), 3);
+    EXPECT_EQ(root.GetAttributes()[0].first.str(), "x");
+    EXPECT_EQ(root.GetAttributes()[0].second.str(), "3");
+    EXPECT_EQ(root.GetAttributes()[1].first.str(), "y");
+    EXPECT_EQ(root.GetAttributes()[1].second.str(), "5");
+    EXPECT_EQ(root.GetAttributes()[2].first.str(), "z");
+    EXPECT_EQ(root.GetAttributes()[2].second.str(), "4");
+}
+
+TEST(LightXmlFile, AnElementOfManyAttributes) {
+    // 300,000 attributes, each name new but the last, which repeats the first.
+    std::string text = "<r";
+    for (int i = 0; i < 300000; ++i) {
+        text += " a" + std::to_string(i) + "=\"" + std::to_string(i) + "\"";
+    }
+    text += " a0=\"last\"/>";
+    VRKLightXmlElement root;
+    std::string error;
+    ASSERT_TRUE(VRKLightXmlFile::Parse(text, root, error)) << error;
+    ASSERT_EQ(root.GetAttributeCount(), 300000);
+    EXPECT_EQ(root.GetAttributes()[0].second.str(), "last");
+    EXPECT_EQ(root.GetAttributes()[299999].first.str(), "a299999");
+    EXPECT_EQ(root.GetAttribute("a123456").str(), "123456");
+}
+
 TEST(LightXmlFile, TextOfADocument) {
     VRKLightXmlElement root("Settings");
     root.SetAttribute("name", "a<b & \"c\"");
@@ -122,6 +152,31 @@ TEST(LightXmlFile, FilesThatCannotBeReadOrWritten) {
     ASSERT_TRUE(VRKLightXmlFile::Write(folder.File("keep.xml"), root, error)) << error;
     EXPECT_EQ(ReadFileBytes(folder.File("keep.xml")), "<?xml version=\"1.0\"?>\n<r />\n");
     EXPECT_EQ(folder.Listing(), "keep.xml\n");
+}
+
+TEST(LightXmlFile, FilesUpToOneMebibyte) {
+    TempFolder folder("lightxml");
+    // A document padded with a comment to exactly the limit is read; one byte more is refused.
+    const std::string head = "<r a=\"1\"/><!--";
+    const std::string tail = "-->";
+    const std::string fits =
+        head + std::string(1024 * 1024 - head.size() - tail.size(), 'x') + tail;
+    ASSERT_EQ(fits.size(), 1048576u);
+    VRKLightXmlElement root;
+    std::string error;
+    EXPECT_TRUE(VRKLightXmlFile::Read(folder.Write("fits.xml", fits), root, error)) << error;
+    EXPECT_EQ(root.GetAttribute("a").str(), "1");
+
+    root = VRKLightXmlElement("kept");
+    const std::string big = folder.Write("big.xml", fits + " ");
+    EXPECT_FALSE(VRKLightXmlFile::Read(big, root, error));
+    EXPECT_EQ(error, big + ": larger than 1 MiB; settings files and printer lists are far smaller");
+    EXPECT_EQ(root.GetName().str(), "kept");
+
+    // An endless source ends at the limit too.
+    EXPECT_FALSE(VRKLightXmlFile::Read("/dev/zero", root, error));
+    EXPECT_EQ(error,
+              "/dev/zero: larger than 1 MiB; settings files and printer lists are far smaller");
 }
 
 TEST(LightXmlFile, NestingDepth) {
