@@ -77,6 +77,7 @@ void VRKPrintHPGL2Generator::hpglJobEnd() {
     VRKPrintStream& s = out();
     s.Write("PU;PA;SP0;PG;");
     freePenTable();
+    colorTableRecords = {};
     // A failed close only marks the table reader failed; nothing is reported.
     if (tableReader.is_open()) {
         tableReader.close();

@@ -1,6 +1,8 @@
 // Pen and colour tables of the HP-GL dialect: the pen table from the settings or from a "PenTable"
 // file, and the optional "ColorTable" file that maps colours to pens.
 
+#include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <locale>
 #include <memory>
@@ -103,6 +105,7 @@ void VRKPrintHPGL2Generator::buildPenTable() {
 }
 
 void VRKPrintHPGL2Generator::openColorTable() {
+    colorTableRecords.clear();
     if (!VRKEnvironment::IsDefined("HPGL2_COLOR_TABLE")) {
         return;
     }
@@ -111,21 +114,70 @@ void VRKPrintHPGL2Generator::openColorTable() {
     if (tableReader.is_open()) {
         tableReader.imbue(std::locale::classic());
         std::cout << "ColorTable file for HPGL generation = " << path << std::endl;
+        loadColorTable();
     }
 }
 
-void VRKPrintHPGL2Generator::readColorTable(int red, int green, int blue, std::vector<int>& pens) {
-    tableReader.clear();
-    tableReader.seekg(0);
-    // One record per line: red, green and blue (0-255), one separator character read as it is,
-    // then the pen. The separator is the character right after the blue value, so "255 0 0:3" and
-    // "255 0 0 3" both name pen 3, while in "255 0 0 : 3" the blank is the separator and the colon
-    // ends the reading.
+namespace {
+
+constexpr int kPenBits = 5;
+
+bool isComponent(int value) {
+    return value >= 0 && value <= 255;
+}
+
+std::uint32_t packedColor(int red, int green, int blue) {
+    return static_cast<std::uint32_t>(red) << 16 | static_cast<std::uint32_t>(green) << 8 |
+           static_cast<std::uint32_t>(blue);
+}
+
+// Reads records from the stream's position: red, green and blue (0-255), one separator
+// character read as it is, then the pen, and hands each record to `take` until the reading ends.
+// The separator is the character right after the blue value, so "255 0 0:3" and "255 0 0 3" both
+// name pen 3, while in "255 0 0 : 3" the blank is the separator and the colon ends the reading.
+template <typename Take>
+void readColorRecords(std::ifstream& in, Take take) {
     int r, g, b, pen;
     char separator;
-    while (tableReader >> r >> g >> b && tableReader.get(separator) && tableReader >> pen) {
+    while (in >> r >> g >> b && in.get(separator) && in >> pen) {
+        take(r, g, b, pen);
+    }
+}
+
+}  // namespace
+
+void VRKPrintHPGL2Generator::loadColorTable() {
+    // The table is read once per job and then looked up for every colour a job selects: a job
+    // changes colours far more often than anyone changes the file while it plots.
+    readColorRecords(tableReader, [&](int r, int g, int b, int pen) {
+        if (pen >= 1 && pen <= 31 && isComponent(r) && isComponent(g) && isComponent(b)) {
+            colorTableRecords.push_back(packedColor(r, g, b) << kPenBits |
+                                        static_cast<std::uint32_t>(pen));
+        }
+    });
+    std::stable_sort(
+        colorTableRecords.begin(), colorTableRecords.end(),
+        [](std::uint32_t a, std::uint32_t b) { return a >> kPenBits < b >> kPenBits; });
+}
+
+void VRKPrintHPGL2Generator::readColorTable(int red, int green, int blue, std::vector<int>& pens) {
+    if (isComponent(red) && isComponent(green) && isComponent(blue)) {
+        const std::uint32_t key = packedColor(red, green, blue);
+        const auto [first, last] = std::equal_range(
+            colorTableRecords.begin(), colorTableRecords.end(), key << kPenBits,
+            [](std::uint32_t a, std::uint32_t b) { return a >> kPenBits < b >> kPenBits; });
+        for (auto record = first; record != last; ++record) {
+            pens.push_back(static_cast<int>(*record & ((1u << kPenBits) - 1)));
+        }
+        return;
+    }
+    // A colour outside the range of a defined colour: the file is read again for the records
+    // the table above does not keep.
+    tableReader.clear();
+    tableReader.seekg(0);
+    readColorRecords(tableReader, [&](int r, int g, int b, int pen) {
         if (pen >= 1 && pen <= 31 && r == red && g == green && b == blue) {
             pens.push_back(pen);
         }
-    }
+    });
 }

@@ -138,6 +138,7 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     bool allocatePenTable(int count);
     void freePenTable();
     void openColorTable();
+    void loadColorTable();
     // Appends, in file order, the pens (1 to 31) the colour table gives for the colour.
     void readColorTable(int red, int green, int blue, std::vector<int>& pens);
     // The pen for a colour index and a line width in the HP-GL dialect, with the number of
@@ -227,6 +228,10 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // Set while the hatch draws its strokes.
     int suppressStrokes = 0;
     std::ifstream tableReader;
+    // The colour table's records as read at job start, those with colours in 0 to 255 and pens
+    // in 1 to 31, each packed as (red << 16 | green << 8 | blue) << 5 | pen and sorted by colour,
+    // file order kept among equal colours.
+    std::vector<std::uint32_t> colorTableRecords;
 
   private:
     VRKPrintNullStream unattached;

@@ -462,6 +462,47 @@ TEST(ColorTableFile, SeparatorRule) {
     EXPECT_FALSE(job.g.tableReader.is_open());
 }
 
+TEST(ColorTableFile, IsReadOnceAtJobStart) {
+    TableFolder folder;
+    folder.Write("ColorTable", "255 0 0 3\n0 255 0 5\n255 0 0 7\n");
+    ScopedEnv tmp("TMPDIR", folder.Dir());
+    ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
+    HPGLJob job(false);
+    testing::internal::CaptureStdout();
+    job.g.Begin(FormParameters(210, 297, 1));
+    testing::internal::GetCapturedStdout();
+    // What the file says once the job has started does not count.
+    folder.Write("ColorTable", "255 0 0 9\n");
+    std::vector<int> pens;
+    job.g.readColorTable(255, 0, 0, pens);
+    EXPECT_EQ(pens, (std::vector<int>{3, 7}));  // file order
+    pens.clear();
+    job.g.readColorTable(0, 255, 0, pens);
+    EXPECT_EQ(pens, (std::vector<int>{5}));
+    pens.clear();
+    job.g.readColorTable(0, 0, 255, pens);
+    EXPECT_EQ(pens, (std::vector<int>{}));
+    job.g.End();
+    EXPECT_TRUE(job.g.colorTableRecords.empty());
+}
+
+TEST(ColorTableFile, ColoursBeyondTheScaleAreLookedUpInTheFile) {
+    TableFolder folder;
+    folder.Write("ColorTable", "510 0 0 4\n-1 0 0 6\n255 0 0 32\n255 0 0 0\n");
+    ScopedEnv tmp("TMPDIR", folder.Dir());
+    ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
+    HPGLJob job(false);
+    testing::internal::CaptureStdout();
+    job.g.Begin(FormParameters(210, 297, 1));
+    testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(job.g.colorTableRecords.empty());
+    std::vector<int> pens;
+    job.g.readColorTable(510, 0, 0, pens);
+    job.g.readColorTable(-1, 0, 0, pens);
+    job.g.readColorTable(255, 0, 0, pens);  // pens 32 and 0 are not pens of the table
+    EXPECT_EQ(pens, (std::vector<int>{4, 6}));
+}
+
 TEST(ColorTableFile, SeveralPensChooseByThickness) {
     TableFolder folder;
     folder.Write("ColorTable", "10 10 10 2\n10 10 10 6\n10 10 10 40\n");

@@ -67,6 +67,8 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     using VRKPrintHPGL2Generator::tableEnabled;
     using VRKPrintHPGL2Generator::tableGreen;
     using VRKPrintHPGL2Generator::tableReader;
+    using VRKPrintHPGL2Generator::colorTableRecords;
+    using VRKPrintHPGL2Generator::readColorTable;
     using VRKPrintHPGL2Generator::tableRed;
     using VRKPrintHPGL2Generator::tableThickness;
     using VRKPrintHPGL2Generator::textAngleOffset;
