@@ -43,9 +43,10 @@ class VRKJobPlayer {
     const VRKJobError& GetError() const { return error_; }
 
     // Lines longer than this many bytes (the LF not counted) are refused, so that a file
-    // without line ends cannot take all memory. The default allows some twenty million points on
-    // one line.
-    static constexpr std::size_t kDefaultMaxLineLength = std::size_t{256} << 20;
+    // without line ends cannot take all memory, and the tokens of the longest line stay within a
+    // few tens of megabytes. The default, 1 MiB, holds some 100,000 points of drawn coordinates
+    // on one line, far more than any one call of a real drawing.
+    static constexpr std::size_t kDefaultMaxLineLength = std::size_t{1} << 20;
     void SetMaxLineLength(std::size_t bytes) { maxLineLength_ = bytes; }
 
   private:

@@ -516,12 +516,22 @@ TEST(JobPlayerFiles, LinesLongerThanTheLimitAreRefused) {
 }
 
 TEST(JobPlayerFiles, EndlessLineFromADevice) {
-    // /dev/zero never ends a line: the limit stops it.
+    // /dev/zero never ends a line: the default limit, 1 MiB, stops it.
     RecordingGenerator generator;
     VRKJobPlayer player(generator);
-    player.SetMaxLineLength(1 << 20);
     EXPECT_FALSE(player.PlayFile("/dev/zero"));
     EXPECT_EQ(player.GetError().ToString(), "/dev/zero:1: the line is longer than 1048576 bytes");
+}
+
+TEST(JobPlayerFiles, DefaultLimitIsOneMebibyte) {
+    // A comment of exactly 1 MiB is a line like any other; one byte more is refused.
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    std::istringstream fits("Begin\n#" + std::string(1048575, 'c') + "\nEnd\n");
+    EXPECT_TRUE(player.Play(fits, "JOB", "")) << player.GetError().ToString();
+    std::istringstream tooLong("Begin\n#" + std::string(1048576, 'c') + "\nEnd\n");
+    EXPECT_FALSE(player.Play(tooLong, "JOB", ""));
+    EXPECT_EQ(player.GetError().ToString(), "JOB:2: the line is longer than 1048576 bytes");
 }
 
 TEST(JobPlayerFiles, PlayerCanBeUsedAgain) {
