@@ -19,6 +19,11 @@ void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, co
             scanLineFill(nbPolygons, nbPoints, points);
             return;
         }
+        // Without a pen of the table the hatch of every piece draws nothing: the pieces need
+        // not be made.
+        if (currentPen < 1 || currentPen >= penCount || tableThickness == nullptr) {
+            return;
+        }
         // The hatch is even-odd: reduce the non-zero area to even-odd pieces first.
         VRKRawCollPV pieces;
         SimplifyPolygonAndGetWindingNumber(nbPolygons, nbPoints, points, pieces);

@@ -300,43 +300,42 @@ void VRKPrintGenerator::DrvDrawText(float x, float y, const VRKUnicodeString& te
     if (outliner == nullptr || text.IsEmpty()) {
         return;
     }
-    VRKTextOutliner::Outlines glyphs;
-    if (!outliner->Outline(text, x, y, textSize_, textDirection_, textSlant_, textAnchor_,
-                           textWeight_, glyphs) ||
-        glyphs.glyphContours.empty()) {
-        return;
-    }
-    FillGlyphs(glyphs);
-}
-
-void VRKPrintGenerator::FillGlyphs(const VRKTextOutliner::Outlines& glyphs) {
     // Glyph contours wind the font's way: a hole turns against its letter, and overlapping
     // parts of a composed glyph (an accent on its letter) must not cancel. Only the non-zero
-    // rule fills both right.
+    // rule fills both right. The rule is switched before the first glyph drawn and back after
+    // the last; a text that draws nothing writes nothing.
     const int previousRule = fillRule_;
-    const bool switchRule = previousRule != 1;
-    if (switchRule) {
-        DrvSetPolygonFillRule(1);
-    }
+    bool switched = false;
     try {
-        const int* counts = glyphs.contourPoints.data();
-        const float* points = glyphs.points.data();
-        // One area per glyph keeps each fill small, as a plotter's polygon buffer wants it.
-        for (const int contours : glyphs.glyphContours) {
-            DrvFillArea(contours, counts, points);
-            for (int i = 0; i < contours; ++i) {
-                points += 2 * static_cast<std::ptrdiff_t>(counts[i]);
-            }
-            counts += contours;
-        }
+        outliner->OutlineInPieces(text, x, y, textSize_, textDirection_, textSlant_, textAnchor_,
+                                  textWeight_, [&](const VRKTextOutliner::Outlines& glyphs) {
+                                      if (!switched && previousRule != 1) {
+                                          DrvSetPolygonFillRule(1);
+                                          switched = true;
+                                      }
+                                      FillGlyphs(glyphs);
+                                  });
     } catch (...) {
-        if (switchRule) {
+        if (switched) {
             DrvSetPolygonFillRule(previousRule);
         }
         throw;
     }
-    if (switchRule) {
+    if (switched) {
         DrvSetPolygonFillRule(previousRule);
+    }
+}
+
+void VRKPrintGenerator::FillGlyphs(const VRKTextOutliner::Outlines& glyphs) {
+    const int* counts = glyphs.contourPoints.data();
+    const float* points = glyphs.points.data();
+    // One area per glyph keeps each fill small, as a plotter's polygon buffer wants it.
+    for (const int contours : glyphs.glyphContours) {
+        DrvFillArea(contours, counts, points);
+        for (int i = 0; i < contours; ++i) {
+            points += 2 * static_cast<std::ptrdiff_t>(counts[i]);
+        }
+        counts += contours;
     }
 }
 

@@ -15,3 +15,16 @@ void VRKTextOutliner::Install(VRKTextOutliner* outliner) {
 VRKTextOutliner* VRKTextOutliner::Installed() {
     return installedOutliner;
 }
+
+bool VRKTextOutliner::OutlineInPieces(const VRKUnicodeString& text, float x, float y, float size,
+                                      float direction, float slant, int anchor, int weight,
+                                      const Take& take) {
+    Outlines all;
+    if (!Outline(text, x, y, size, direction, slant, anchor, weight, all)) {
+        return false;
+    }
+    if (!all.glyphContours.empty()) {
+        take(all);
+    }
+    return true;
+}

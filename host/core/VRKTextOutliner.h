@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "host/core/VRKUnicodeString.h"
@@ -53,6 +55,17 @@ class VRKTextOutliner {
     // and adds nothing.
     virtual bool Outline(const VRKUnicodeString& text, float x, float y, float size,
                          float direction, float slant, int anchor, int weight, Outlines& out) = 0;
+
+    // The most glyphs OutlineInPieces hands over at once.
+    static constexpr std::size_t kGlyphsPerPiece = 64;
+    using Take = std::function<void(const Outlines&)>;
+    // The same outlines as Outline gives, handed to `take` in pieces of at most kGlyphsPerPiece
+    // glyphs, in text order, so that a long text costs the memory of one piece and not of all
+    // its glyphs. Returns false, having called `take` for nothing, when Outline would. The
+    // default outlines the whole text and hands it over as one piece.
+    virtual bool OutlineInPieces(const VRKUnicodeString& text, float x, float y, float size,
+                                 float direction, float slant, int anchor, int weight,
+                                 const Take& take);
 
     // The process-wide outliner that the host's default DrvDrawText uses, or null. Install does
     // not take ownership; installing null takes the current one out.

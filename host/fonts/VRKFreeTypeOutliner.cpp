@@ -222,32 +222,50 @@ bool VRKFreeTypeOutliner::Load() {
 bool VRKFreeTypeOutliner::Outline(const VRKUnicodeString& text, float x, float y, float size,
                                   float direction, float slant, int anchor, int weight,
                                   Outlines& out) {
-    std::vector<VRKGlyphPath> glyphs;
-    {
-        const std::lock_guard<std::mutex> lock(mutex_);
-        if (!Paths(text, x, y, size, direction, slant, anchor, weight, glyphs)) {
-            return false;
-        }
-    }
-    for (const VRKGlyphPath& glyph : glyphs) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return Paths(text, x, y, size, direction, slant, anchor, weight, [&](VRKGlyphPath& glyph) {
         const int contours = glyph.Flatten(kFlatness, out.contourPoints, out.points);
         if (contours > 0) {
             out.glyphContours.push_back(contours);
         }
+    });
+}
+
+bool VRKFreeTypeOutliner::OutlineInPieces(const VRKUnicodeString& text, float x, float y,
+                                          float size, float direction, float slant, int anchor,
+                                          int weight, const Take& take) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    Outlines piece;
+    const bool ok =
+        Paths(text, x, y, size, direction, slant, anchor, weight, [&](VRKGlyphPath& glyph) {
+            const int contours = glyph.Flatten(kFlatness, piece.contourPoints, piece.points);
+            if (contours > 0) {
+                piece.glyphContours.push_back(contours);
+            }
+            if (piece.glyphContours.size() >= kGlyphsPerPiece) {
+                take(piece);
+                piece.glyphContours.clear();
+                piece.contourPoints.clear();
+                piece.points.clear();
+            }
+        });
+    if (ok && !piece.glyphContours.empty()) {
+        take(piece);
     }
-    return true;
+    return ok;
 }
 
 bool VRKFreeTypeOutliner::OutlinePaths(const VRKUnicodeString& text, float x, float y, float size,
                                        float direction, float slant, int anchor, int weight,
                                        std::vector<VRKGlyphPath>& glyphs) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    return Paths(text, x, y, size, direction, slant, anchor, weight, glyphs);
+    return Paths(text, x, y, size, direction, slant, anchor, weight,
+                 [&](VRKGlyphPath& glyph) { glyphs.push_back(std::move(glyph)); });
 }
 
 bool VRKFreeTypeOutliner::Paths(const VRKUnicodeString& text, float x, float y, float size,
                                 float direction, float slant, int anchor, int weight,
-                                std::vector<VRKGlyphPath>& glyphs) {
+                                const std::function<void(VRKGlyphPath&)>& each) {
     if (!Load()) {
         return false;
     }
@@ -337,7 +355,7 @@ bool VRKFreeTypeOutliner::Paths(const VRKUnicodeString& text, float x, float y, 
         VRKGlyphPath path;
         Decomposition d{&placement, p.penU, &path};
         if (FT_Outline_Decompose(outline, &funcs, &d) == 0 && !path.IsEmpty()) {
-            glyphs.push_back(std::move(path));
+            each(path);
         }
     }
     return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -38,6 +39,9 @@ class VRKFreeTypeOutliner final : public VRKTextOutliner {
 
     bool Outline(const VRKUnicodeString& text, float x, float y, float size, float direction,
                  float slant, int anchor, int weight, Outlines& out) override;
+    bool OutlineInPieces(const VRKUnicodeString& text, float x, float y, float size,
+                         float direction, float slant, int anchor, int weight,
+                         const Take& take) override;
 
     // The same text as exact curves: appends one path per drawn glyph, placed as Outline places
     // it. Outline is these paths flattened within kFlatness.
@@ -54,8 +58,10 @@ class VRKFreeTypeOutliner final : public VRKTextOutliner {
 
     // Loads the face at the first call; true when it is usable. Called with mutex_ held.
     bool Load();
+    // Lays out the text, then hands each drawn glyph's path to `each` in text order. Called with
+    // mutex_ held.
     bool Paths(const VRKUnicodeString& text, float x, float y, float size, float direction,
-               float slant, int anchor, int weight, std::vector<VRKGlyphPath>& glyphs);
+               float slant, int anchor, int weight, const std::function<void(VRKGlyphPath&)>& each);
 
     // FreeType faces are not safe to share between threads; one outliner serves the process.
     std::mutex mutex_;

@@ -7,6 +7,7 @@
 #include <limits>
 #include <numbers>
 #include <string>
+#include <vector>
 
 #include "host/core/VRKEnvironment.h"
 #include "host/core/VRKPrintTextAttribute.h"
@@ -78,6 +79,44 @@ constexpr double k10 = 10.0 / dejavu::kCapHeight;
 constexpr double kPenO =
     dejavu::kAdvanceH + dejavu::kAdvanceE + 2 * dejavu::kAdvanceL + dejavu::kKernLO;
 constexpr double kHelloAdvance = kPenO + dejavu::kAdvanceO;
+
+TEST(FreeTypeOutliner, PiecesAddUpToTheWholeText) {
+    // 150 glyphs that draw and a blank every tenth character, right-anchored so that the layout
+    // of the whole text places every piece.
+    std::string text;
+    for (int i = 0; i < 165; ++i) {
+        text += i % 11 == 10 ? ' ' : static_cast<char>('A' + i % 26);
+    }
+    const VRKTextOutliner::Outlines whole =
+        outline(text.c_str(), 5, 7, 3, 30, 10, VRKAnchorBaseRight, VRKWeightBold);
+    ASSERT_EQ(whole.glyphContours.size(), 150u);
+
+    VRKFreeTypeOutliner outliner(dejavu::kPath);
+    VRKTextOutliner::Outlines joined;
+    std::vector<std::size_t> pieces;
+    ASSERT_TRUE(outliner.OutlineInPieces(text, 5, 7, 3, 30, 10, VRKAnchorBaseRight, VRKWeightBold,
+                                         [&](const VRKTextOutliner::Outlines& piece) {
+                                             pieces.push_back(piece.glyphContours.size());
+                                             for (const int c : piece.glyphContours)
+                                                 joined.glyphContours.push_back(c);
+                                             for (const int n : piece.contourPoints)
+                                                 joined.contourPoints.push_back(n);
+                                             for (const float v : piece.points)
+                                                 joined.points.push_back(v);
+                                         }));
+    EXPECT_EQ(pieces, (std::vector<std::size_t>{64, 64, 22}));
+    EXPECT_EQ(joined.glyphContours, whole.glyphContours);
+    EXPECT_EQ(joined.contourPoints, whole.contourPoints);
+    EXPECT_EQ(joined.points, whole.points);
+}
+
+TEST(FreeTypeOutliner, NoPieceForATextThatDrawsNothing) {
+    VRKFreeTypeOutliner outliner(dejavu::kPath);
+    int calls = 0;
+    EXPECT_TRUE(outliner.OutlineInPieces("   ", 0, 0, 3, 0, 0, VRKAnchorBaseLeft, VRKWeightNormal,
+                                         [&](const VRKTextOutliner::Outlines&) { ++calls; }));
+    EXPECT_EQ(calls, 0);
+}
 
 TEST(FreeTypeOutliner, HelloExtentAlongX) {
     const auto o = outline("HELLO", 0.0f, 0.0f, 10.0f);
