@@ -137,6 +137,23 @@ struct Header {
     float pixelHeight = VRKPixelImage::kDefaultPixelSize;
 };
 
+// Bounds what the chunks of a file can make libpng allocate: a chunk announces its length before
+// its data, and text or profile chunks are read whole into memory. Real text and colour-profile
+// chunks are a few kilobytes.
+// The chunks the reader does not use (everything but the image header, palette, data,
+// transparency and pixel size) are skipped unread as they stream past: libpng then neither
+// allocates their announced length nor keeps them.
+void limitChunks(png_structp png) {
+    png_set_chunk_malloc_max(png, VRKPngReader::kMaxChunkBytes);
+    png_set_chunk_cache_max(png, VRKPngReader::kMaxStoredChunks);
+    static constexpr png_byte kSkipped[] =
+        "bKGD\0cHRM\0eXIf\0gAMA\0hIST\0iCCP\0iTXt\0oFFs\0pCAL\0"
+        "sBIT\0sCAL\0sPLT\0sRGB\0tEXt\0tIME\0zTXt";
+    png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, nullptr, 0);
+    png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, kSkipped,
+                                static_cast<int>(sizeof kSkipped / 5));
+}
+
 // Reads the header and sets up the transformations. Runs under libpng's error handling: false
 // after a libpng error, with the message in state->message.
 bool readHeader(png_structp png, png_infop info, Header* header) {
@@ -258,6 +275,7 @@ class PngFile {
         }
         png_set_read_fn(png_, &state_, onRead);
         png_set_sig_bytes(png_, sizeof signature);
+        limitChunks(png_);
         if (!readHeader(png_, info_, &header_)) {
             error = state_.message;
             return false;
@@ -352,6 +370,7 @@ VRKPixelImage* read(Source& source, std::string& error) {
     }
     png_set_read_fn(png, &state, onRead);
     png_set_sig_bytes(png, sizeof signature);
+    limitChunks(png);
 
     Header header;
     const bool ok = readHeader(png, info, &header) && decodeRows(png, &state, &header);
@@ -398,6 +417,13 @@ VRKPixelImage* VRKPngReader::OpenFile(const std::string& path, std::string& erro
         return nullptr;
     }
     const Header header = file.GetHeader();
+    const std::size_t decoded = header.rowBytes * static_cast<std::size_t>(header.height);
+    if (header.passes != 1 && decoded > kMaxInterlacedBytes) {
+        error = "an interlaced image of " + std::to_string(decoded >> 20) +
+                " MiB once decoded; an interlaced image is held whole and may take at most " +
+                std::to_string(kMaxInterlacedBytes >> 20) + " MiB (save it without interlacing)";
+        return nullptr;
+    }
     if (header.passes != 1 ||
         header.rowBytes * static_cast<std::size_t>(header.height) <= kStreamAbove) {
         file.Close();

@@ -29,6 +29,10 @@ class VRKPixelImage;
 class VRKPngReader {
   public:
     static constexpr std::size_t kMaxImageBytes = std::size_t{1} << 30;
+    // The most memory one ancillary chunk (text, colour profile, ...) may take, and how many of
+    // them are kept: a chunk that claims more is a broken or hostile file.
+    static constexpr std::size_t kMaxChunkBytes = std::size_t{4} << 20;
+    static constexpr int kMaxStoredChunks = 128;
 
     // Reads the PNG file at `path`. Returns a new image (one reference, owned by the caller), or
     // null with `error` saying what is wrong; never throws and never writes to standard error.
@@ -41,6 +45,9 @@ class VRKPngReader {
     // here, before the image is used. Smaller and interlaced files are read whole, as ReadFile
     // reads them.
     static constexpr std::size_t kStreamAbove = std::size_t{8} << 20;
+    // An interlaced image cannot be streamed (its rows come in several passes): OpenFile refuses
+    // one that would take more than this once decoded.
+    static constexpr std::size_t kMaxInterlacedBytes = std::size_t{32} << 20;
     static VRKPixelImage* OpenFile(const std::string& path, std::string& error);
     // The same for a PNG held in memory.
     static VRKPixelImage* ReadMemory(const void* data, std::size_t size, std::string& error);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <cstring>
 #include <istream>
 
@@ -767,6 +768,17 @@ bool VRKJobPlayer::DoDrawBitmap() {
     }
     if (sized) {
         image->SetPixelSize(pixelWidth, pixelHeight);
+    }
+    // An image beyond a roll's length is a mistake in its pixel size (a file that says one pixel
+    // a metre): the generator would cut it into tiles by the thousand.
+    const double width = static_cast<double>(image->GetWidth()) * image->GetPixelWidth();
+    const double height = static_cast<double>(image->GetHeight()) * image->GetPixelHeight();
+    if (width > kMaxImageExtent || height > kMaxImageExtent) {
+        image->Release();
+        char size[64];
+        std::snprintf(size, sizeof size, "%.0f mm x %.0f mm", width, height);
+        return Fail("DrawBitmap: the image " + VRKJobLexer::Quote(path) + " would be " + size +
+                    " at its pixel size; an image may be at most 100 m on either side");
     }
     generator_.DrawBitmap(x, y, 0, image);
     image->Release();

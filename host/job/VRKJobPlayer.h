@@ -49,6 +49,9 @@ class VRKJobPlayer {
     static constexpr std::size_t kDefaultMaxLineLength = std::size_t{1} << 20;
     void SetMaxLineLength(std::size_t bytes) { maxLineLength_ = bytes; }
 
+    // The largest side of a bitmap on the page, in millimetres: 100 m, longer than a roll.
+    static constexpr double kMaxImageExtent = 100000.0;
+
   private:
     enum class State { kBeforeBegin, kInJob, kAfterEnd };
     // kLine: a line that stood whole in the buffer when NextLine was called; kLineReadOn: one

@@ -216,6 +216,29 @@ TEST(PngReader, EnormousImageIsRefusedBeforeAnyPixelMemory) {
               "image too large");
 }
 
+TEST(PngReader, ChunksThatAreNotUsedAreSkippedUnread) {
+    // A text chunk of 5 MiB and a colour profile beside the image: skipped as they stream past.
+    Image image = readOk(
+        TestPng::Build(1, 1, 8, kGrey, std::string("\0\x42", 2),
+                       {{"tEXt", "Comment" + std::string(1, '\0') + std::string(5 << 20, 'x')},
+                        {"iCCP", std::string(300, 'p')}}));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(bytesOf(*image), "\x42");
+}
+
+TEST(PngReader, AChunkClaimingGigabytesTakesNoMemory) {
+    // 141 bytes whose text chunk claims 2 GiB: the reader skips toward its end and finds the
+    // file ending there, instead of taking the memory first.
+    for (const char* type : {"tEXt", "zTXt", "iTXt", "iCCP", "eXIf", "abCd"}) {
+        SCOPED_TRACE(type);
+        std::string png = TestPng::kSignature + TestPng::Header(1, 1, 8, kGrey, 0);
+        TestPng::PutBig32(png, 0x7FFFFFF0u);
+        png += std::string(type) + std::string(20, 'x');
+        png += TestPng::Chunk("IDAT", TestPng::Zlib(std::string("\0\0", 2)));
+        EXPECT_EQ(readError(png), "the file ends before the image does");
+    }
+}
+
 TEST(PngReader, ReadFile) {
     TempFolder folder("png");
     const std::string path =
@@ -288,6 +311,21 @@ TEST(PngReaderOpenFile, ErrorsAnywhereInALargeFileAreFoundAtOnce) {
     EXPECT_EQ(whole, nullptr);
     EXPECT_EQ(streamError, wholeError);
     EXPECT_NE(streamError, "");
+}
+
+TEST(PngReaderOpenFile, LargeInterlacedImagesAreRefused) {
+    // Interlaced rows come in seven passes, so the image would be held whole: 4000 x 3000 RGB
+    // takes 34 MiB, more than the 32 allowed. The header alone decides.
+    TempFolder folder("png");
+    const std::string path = folder.Write(
+        "interlaced.png",
+        TestPng::Build(4000, 3000, 8, kRGB, std::string(1, '\0'), {}, /*interlace=*/1));
+    std::string error;
+    Image image(VRKPngReader::OpenFile(path, error));
+    EXPECT_EQ(image, nullptr);
+    EXPECT_EQ(error,
+              "an interlaced image of 34 MiB once decoded; an interlaced image is held whole and "
+              "may take at most 32 MiB (save it without interlacing)");
 }
 
 TEST(PngReaderOpenFile, SmallImagesAreReadWhole) {

@@ -458,6 +458,35 @@ TEST_F(JobPlayerBitmaps, AbsolutePathAndDefaultPixelSize) {
               kBeginDefaults + "DrawBitmap 0 0 1x1 format=0 pixel=0.254,0.254 7f\nEnd\n");
 }
 
+TEST_F(JobPlayerBitmaps, ImagesLongerThanARollAreRefused) {
+    // 100 x 2 pixels at one pixel a metre is 100 m wide: the largest allowed. 101 pixels are not.
+    folder.Write("fits.png", TestPng::Build(100, 2, 8, 0, std::string(202, '\0'),
+                                            {{"pHYs", TestPng::Phys(1, 1, 1)}}));
+    folder.Write("long.png", TestPng::Build(101, 2, 8, 0, std::string(204, '\0'),
+                                            {{"pHYs", TestPng::Phys(1, 1, 1)}}));
+    const std::string job = folder.Write("job.job",
+                                         "Begin\n"
+                                         "DrawBitmap 0 0 \"fits.png\"\n"
+                                         "DrawBitmap 0 0 \"fits.png\" 0.1 50001\n"
+                                         "End\n");
+    RecordingGenerator generator;
+    VRKJobPlayer player(generator);
+    EXPECT_FALSE(player.PlayFile(job));
+    EXPECT_EQ(player.GetError().ToString(),
+              job + ":3: DrawBitmap: the image '" + folder.File("fits.png") +
+                  "' would be 10 mm x 100002 mm at its pixel size; an image may be at most 100 m "
+                  "on either side");
+    ASSERT_EQ(generator.calls.size(), 2u);
+    EXPECT_EQ(generator.calls[1].substr(0, 42), "DrawBitmap 0 0 100x2 format=0 pixel=1000,1");
+
+    const std::string job2 = folder.Write("job2.job", "Begin\nDrawBitmap 0 0 \"long.png\"\nEnd\n");
+    EXPECT_FALSE(player.PlayFile(job2));
+    EXPECT_EQ(player.GetError().ToString(),
+              job2 + ":2: DrawBitmap: the image '" + folder.File("long.png") +
+                  "' would be 101000 mm x 2000 mm at its pixel size; an image may be at most 100 m "
+                  "on either side");
+}
+
 TEST_F(JobPlayerBitmaps, BitmapThatCannotBeRead) {
     folder.Write("text.png", "Begin\n");
     const std::string job = folder.Write("job.job",
