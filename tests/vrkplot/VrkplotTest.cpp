@@ -364,6 +364,33 @@ TEST_F(Vrkplot, PlotOnStandardOutputIsNamedAfterItsJob) {
     EXPECT_NE(out.find("@PJL EOJ NAME=\"VORAN:plan.job\""), std::string::npos) << Printable(out);
 }
 
+TEST_F(Vrkplot, AJobNameCannotAddPrinterCommands) {
+    Job("plan.job", "Begin\nEnd\n");
+    EXPECT_EQ(Run({"plan.job", "-l", "HP1000GL2", "-o", "named.plt", "--job-name",
+                   "x\"\n@PJL SET COPIES=999"}),
+              0)
+        << err;
+    const std::string plot = ReadFileBytes(folder.File("named.plt"));
+    EXPECT_EQ(plot.rfind("\x1b%-12345X@PJL JOB NAME=\"VORAN:x' @PJL SET COPIES=999\"\n", 0), 0u)
+        << Printable(plot);
+    EXPECT_EQ(plot.find("\n@PJL SET COPIES"), std::string::npos) << Printable(plot);
+    EXPECT_EQ(err,
+              "vrkplot: the job name was cleaned for the printer (double quotes became "
+              "apostrophes, control characters became blanks): x' @PJL SET COPIES=999\n");
+}
+
+TEST_F(Vrkplot, AnOutputPathIsCleanedAsAJobName) {
+    Job("plan.job", "Begin\nEnd\n");
+    const std::string name =
+        "a\"\x1b"
+        "b.plt";
+    EXPECT_EQ(Run({"plan.job", "-l", "HP4000GL2", "-o", name}), 0) << err;
+    const std::string plot = ReadFileBytes(folder.File(name));
+    EXPECT_NE(plot.find("@PJL JOB NAME=\"VORAN:a' b.plt\""), std::string::npos) << Printable(plot);
+    EXPECT_NE(plot.find("@PJL EOJ NAME=\"VORAN:a' b.plt\""), std::string::npos) << Printable(plot);
+    EXPECT_NE(err.find("the job name was cleaned"), std::string::npos) << err;
+}
+
 TEST_F(Vrkplot, QuietSaysNothing) {
     Job("a4.job", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.job", "-q"}), 0) << err;

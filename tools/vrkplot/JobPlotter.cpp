@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/core/VRKPrintFileGenerator.h"
+#include "host/job/VRKJobName.h"
 #include "host/job/VRKJobPlayer.h"
 #include "host/output/VRKOutputPath.h"
 #include "host/output/VRKSendProgress.h"
@@ -86,6 +87,12 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
     std::string jobName = jobName_;
     if (jobName.empty()) {
         jobName = WritesFile(destination) ? destination.path : describeJob(job);
+    }
+    // The name goes inside the quotes of the printer's PJL lines: nothing in it may end them.
+    if (const std::string changes = VRKJobName::Changes(jobName); !changes.empty()) {
+        jobName = VRKJobName::Clean(jobName);
+        std::cerr << "vrkplot: the job name was cleaned for the printer (" << changes
+                  << "): " << jobName << '\n';
     }
     VRKJobOutput::Options options = options_;
     options.send.title = jobName;
