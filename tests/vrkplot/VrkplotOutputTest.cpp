@@ -2,6 +2,7 @@
 // devices and FIFOs written in place and never replaced, read-only files refused.
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -220,34 +221,41 @@ TEST_F(Vrkplot, SeveralJobsToOneDevice) {
 TEST_F(Vrkplot, InterruptedSendLeavesNoTemporaryFile) {
     Job("a4.job", "Begin\nEnd\n");
     ASSERT_EQ(::mkfifo(folder.File("pipe").c_str(), 0644), 0);
-    TempFolder spool{"vrkplot-spool"};
-    // The plot is made in the spool folder, then vrkplot waits for a reader of the FIFO that
-    // never comes, until it is interrupted.
-    const pid_t pid = ::fork();
-    ASSERT_GE(pid, 0);
-    if (pid == 0) {
-        ::setenv("TMPDIR", spool.Path().c_str(), 1);
-        if (::chdir(folder.Path().c_str()) != 0) {
+    // Every signal that ends a program by default, Ctrl-C and Ctrl-\\ among them.
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGALRM, SIGUSR1, SIGUSR2}) {
+        SCOPED_TRACE(signal);
+        TempFolder spool{"vrkplot-spool"};
+        // The plot is made in the spool folder, then vrkplot waits for a reader of the FIFO
+        // that never comes, until it is interrupted.
+        const pid_t pid = ::fork();
+        ASSERT_GE(pid, 0);
+        if (pid == 0) {
+            ::setenv("TMPDIR", spool.Path().c_str(), 1);
+            // SIGQUIT would leave a core file behind.
+            const struct rlimit noCore {};
+            ::setrlimit(RLIMIT_CORE, &noCore);
+            if (::chdir(folder.Path().c_str()) != 0) {
+                ::_exit(127);
+            }
+            ::execl(VRKPLOT_PATH, VRKPLOT_PATH, "a4.job", "-o", "pipe", "-q",
+                    static_cast<char*>(nullptr));
             ::_exit(127);
         }
-        ::execl(VRKPLOT_PATH, VRKPLOT_PATH, "a4.job", "-o", "pipe", "-q",
-                static_cast<char*>(nullptr));
-        ::_exit(127);
+        bool spooled = false;
+        for (int i = 0; i < 500 && !spooled; ++i) {
+            spooled = spool.Listing() != "";
+            ::usleep(10000);
+        }
+        EXPECT_TRUE(spooled);
+        ::usleep(100000);
+        ::kill(pid, signal);
+        int status = 0;
+        ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
+        EXPECT_EQ(spool.Listing(), "");
+        EXPECT_TRUE(S_ISFIFO(modeOf(folder.File("pipe"))));
+        EXPECT_EQ(folder.Listing(), "a4.job\npipe\n");
     }
-    bool spooled = false;
-    for (int i = 0; i < 500 && !spooled; ++i) {
-        spooled = spool.Listing() != "";
-        ::usleep(10000);
-    }
-    EXPECT_TRUE(spooled);
-    ::usleep(100000);
-    ::kill(pid, SIGINT);
-    int status = 0;
-    ASSERT_EQ(::waitpid(pid, &status, 0), pid);
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
-    EXPECT_EQ(spool.Listing(), "");
-    EXPECT_TRUE(S_ISFIFO(modeOf(folder.File("pipe"))));
-    EXPECT_EQ(folder.Listing(), "a4.job\npipe\n");
 }
 
 }  // namespace

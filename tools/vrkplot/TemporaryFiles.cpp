@@ -26,7 +26,10 @@ void onSignal(int signal) {
 }  // namespace
 
 void RemoveOnSignals() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    // The signals that end a program by default and can be caught (SIGPIPE is ignored: a
+    // reader gone away is a write error, reported, after which the file is removed anyway).
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGALRM, SIGUSR1, SIGUSR2, SIGXFSZ,
+                             SIGXCPU, SIGVTALRM, SIGPROF}) {
         struct sigaction action {};
         action.sa_handler = onSignal;
         sigemptyset(&action.sa_mask);
