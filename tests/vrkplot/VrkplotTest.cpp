@@ -16,6 +16,7 @@
 #include "support/CommaLocale.h"
 #include "support/Printable.h"
 #include "support/RunProgram.h"
+#include "support/ScopedEnv.h"
 #include "support/TempFolder.h"
 #include "vrkplot/VrkplotFixture.h"
 
@@ -389,6 +390,35 @@ TEST_F(Vrkplot, AnOutputPathIsCleanedAsAJobName) {
     EXPECT_NE(plot.find("@PJL JOB NAME=\"VORAN:a' b.plt\""), std::string::npos) << Printable(plot);
     EXPECT_NE(plot.find("@PJL EOJ NAME=\"VORAN:a' b.plt\""), std::string::npos) << Printable(plot);
     EXPECT_NE(err.find("the job name was cleaned"), std::string::npos) << err;
+}
+
+TEST_F(Vrkplot, AnHpglPlotThatDrawsNothingIsSaidToBeBlank) {
+    Job("nocolor.job", "Begin\nMoveTo 1 1\nLineTo 5 5\nEnd\n");
+    EXPECT_EQ(Run({"nocolor.job", "-l", "HPGL", "-o", "blank.plt", "-q"}), 0) << err;
+    EXPECT_EQ(err,
+              "vrkplot: warning: the plot draws nothing: no pen ever goes down (the job must "
+              "select a colour with SelectDrawColor before it draws: pen 0 is no pen)\n");
+    EXPECT_EQ(ReadFileBytes(folder.File("blank.plt")), "PU0,0PR;SP1;PU;PA;SP0;PG;");
+
+    // A colour chosen: a pen goes down, nothing to say.
+    Job("color.job", "Begin\nDefineColor 1 0 0 0\nSelectDrawColor 1\nLineTo 5 5\nEnd\n");
+    EXPECT_EQ(Run({"color.job", "-l", "HPGL", "-o", "drawn.plt", "-q"}), 0) << err;
+    EXPECT_EQ(err, "");
+    // HP-GL/2 printers draw with their default pen: no check there.
+    EXPECT_EQ(Run({"nocolor.job", "-l", "HPGL2", "-o", "drawn2.plt", "-q"}), 0) << err;
+    EXPECT_EQ(err, "");
+}
+
+TEST_F(Vrkplot, AMissingPenTableIsNamed) {
+    Job("color.job", "Begin\nDefineColor 1 0 0 0\nSelectDrawColor 1\nLineTo 5 5\nEnd\n");
+    TempFolder tables{"no-tables"};
+    ScopedEnv table("HPGL2_PEN_TABLE", "1");
+    ScopedEnv tmp("TMPDIR", tables.Path() + "/");
+    EXPECT_EQ(Run({"color.job", "-l", "HPGL", "-o", "blank.plt", "-q"}), 0) << err;
+    EXPECT_EQ(err,
+              "vrkplot: warning: the plot draws nothing: no pen ever goes down "
+              "(HPGL2_PEN_TABLE is set, but there is no pen table file " +
+                  tables.Path() + "/PenTable, so no colour finds a pen)\n");
 }
 
 TEST_F(Vrkplot, QuietSaysNothing) {

@@ -12,6 +12,7 @@
 #include "host/output/VRKOutputPath.h"
 #include "host/output/VRKSendProgress.h"
 #include "host/xml/VRKGeneratorSettings.h"
+#include "tools/vrkplot/EmptyPlotCheck.h"
 #include "tools/vrkplot/TemporaryFiles.h"
 
 namespace {
@@ -117,6 +118,12 @@ bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination)
         TemporaryFiles::Set(std::string());
         std::cerr << player.GetError().ToString() << '\n';
         return false;
+    }
+    // A pen plotter's plot without a pen-down move is blank paper: said before it is written or
+    // sent. A plot streamed to its destination is not read back.
+    if (language_.language == "HPGL" && !out.GetTemporaryPath().empty() &&
+        out.GetStream().Flush() && EmptyPlotCheck::DrawsNothing(out.GetTemporaryPath())) {
+        std::cerr << EmptyPlotCheck::Warning() << '\n';
     }
     const bool committed = out.Commit(error);
     TemporaryFiles::Set(std::string());
