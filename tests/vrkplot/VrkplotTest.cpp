@@ -292,8 +292,15 @@ TEST_F(Vrkplot, ExpectedPlotsOfEveryJobWithEveryLanguage) {
             ASSERT_EQ(Run({kTests + "/jobs/" + job + ".job", "-l", language, "-o", job + ".plt"}),
                       0)
                 << err;
-            EXPECT_EQ(err, "");
-            const std::string text = reviewText(ReadFileBytes(folder.File(job + ".plt")));
+            const std::string plot = ReadFileBytes(folder.File(job + ".plt"));
+            // A pen plotter cannot draw a bitmap: an HP-GL plot of one alone is said to be blank.
+            const bool blank = language == "HPGL" && plot.find("PD") == std::string::npos;
+            EXPECT_EQ(blank, language == "HPGL" && job == "bitmap") << Printable(plot);
+            EXPECT_EQ(err, blank ? "vrkplot: warning: the plot draws nothing: no pen ever goes "
+                                   "down (the job must select a colour with SelectDrawColor "
+                                   "before it draws: pen 0 is no pen)\n"
+                                 : "");
+            const std::string text = reviewText(plot);
             const std::string expected = expectedFolder + "/" + job + ".txt";
             if (regenerate) {
                 std::ofstream(expected, std::ios::binary) << text;
