@@ -1,0 +1,240 @@
+#!/usr/bin/env python3
+"""Whole-program check of vrkplot on hostile input: every case ends in bounded memory and time.
+
+Usage: bench/hostile-inputs.py [--memory-mib 64] [--seconds 10] [--keep]
+
+Writes each input into a scratch folder, runs build/bin/vrkplot on it once, and checks:
+- the exit status (0 for a plot that must come out, 2 for input that must be refused),
+- the message on standard error, where there must be one,
+- the peak resident memory of the process (wait4's ru_maxrss) against --memory-mib,
+- the wall time against --seconds,
+- that a refused job leaves no output file and no temporary file.
+Prints one line per case and exits 1 when any case fails.
+
+Paths (environment variables override them):
+  VRK_BUILD_DIR   the release build (default: build/ in the repository)
+Standard library only.
+"""
+import argparse
+import os
+import random
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import zlib
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+
+
+def png_chunk(kind, data, length=None):
+    size = len(data) if length is None else length
+    crc = zlib.crc32(kind + data) & 0xFFFFFFFF
+    return struct.pack(">I", size) + kind + data + struct.pack(">I", crc)
+
+
+def png(width, height, rows, extra=b""):
+    header = struct.pack(">IIBBBBB", width, height, 8, 0, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + png_chunk(b"IHDR", header) + extra +
+            png_chunk(b"IDAT", zlib.compress(rows)) + png_chunk(b"IEND", b""))
+
+
+# The inputs are written by a child process of their own (--generate): the runner stays small, so
+# that the memory of the vrkplot processes it forks is theirs and not the inputs' it built.
+GENERATE = False
+
+
+def write(folder, name, make):
+    """Writes make() (bytes or text) into the folder when generating."""
+    path = os.path.join(folder, name)
+    if GENERATE:
+        data = make()
+        with open(path, "wb") as f:
+            f.write(data if isinstance(data, bytes) else data.encode())
+    return path
+
+
+def cases(folder):
+    """(name, job, vrkplot arguments, environment, expected status, expected message part)."""
+    rng = random.Random(13)
+    out = []
+
+    # A polyline of 5,000,000 points on one line: longer than a job line may be.
+    write(folder, "poly5m.job", lambda: "Begin\nDrawPolyline 5000000 " + " ".join(
+        "%d %d" % (i % 200, (i * 7) % 280) for i in range(5000000)) + "\nEnd\n")
+    out.append(("polyline of 5 M points", "poly5m.job", ["-l", "HPGL2"], {}, 2,
+                "the line is longer than 1048576 bytes"))
+
+    # The longest polyline a line holds, through the general reader (a bad last token).
+    write(folder, "ones.job", lambda: "Begin\nDrawPolyline 262135 " + "1 " * 524269 + "x\nEnd\n")
+    out.append(("1 MiB line of tokens, refused", "ones.job", ["-l", "HPGL2"], {}, 2,
+                "is not a number"))
+    write(folder, "ones-ok.job", lambda: "Begin\nDrawPolyline 262135 " + "1 " * 524270 + "\nEnd\n")
+    out.append(("1 MiB line of tokens, played", "ones-ok.job", ["-l", "HPGL"], {}, 0, None))
+
+    # A text of 1,000,000 characters drawn as geometry by a pen plotter, pen chosen or not.
+    write(folder, "text1m.job", lambda: 'Begin\nDrawText 10 10 "%s"\nEnd\n' % ("A" * 1000000))
+    out.append(("text of 1 M characters, no pen", "text1m.job", ["-l", "HPGL"], {}, 0,
+                "the plot draws nothing"))
+    write(folder, "text100k.job", lambda:
+          'Begin\nDefineColor 1 0 0 0\nSelectDrawColor 1\nDrawText 10 10 "%s"\nEnd\n' %
+          ("A" * 100000))
+    out.append(("text of 100 k characters, hatched", "text100k.job", ["-l", "HPGL"], {}, 0, None))
+
+    # A comment line of 50 MB.
+    write(folder, "comment.job", lambda: "Begin\n#" + "c" * 50000000 + "\nEnd\n")
+    out.append(("comment line of 50 MB", "comment.job", ["-l", "HPGL2"], {}, 2,
+                "the line is longer than 1048576 bytes"))
+
+    # A fill that claims a billion points.
+    write(folder, "fill1e9.job", lambda: "Begin\nFillArea 1 1000000000 1 2 3 4\nEnd\n")
+    out.append(("fill claiming 1e9 points", "fill1e9.job", ["-l", "HPGL2"], {}, 2,
+                "coordinates; 4 given"))
+
+    # PNG files: a text chunk that claims 2 GiB, and one pixel a metre.
+    rows = b"".join(b"\0" + b"\x80" * 4 for _ in range(4))
+    big = png(4, 4, rows, struct.pack(">I", 0x7FFFFFF0) + b"tEXt" + b"x" * 20)
+    write(folder, "chunk.png", lambda: big)
+    write(folder, "chunk.job", lambda: 'Begin\nDrawBitmap 10 10 "chunk.png"\nEnd\n')
+    out.append(("PNG chunk claiming 2 GiB", "chunk.job", ["-l", "HPGL2"], {}, 2,
+                "the file ends before the image does"))
+    side = 2000
+    phys = png_chunk(b"pHYs", struct.pack(">IIB", 1, 1, 1))
+    write(folder, "phys.png",
+          lambda: png(side, side, b"".join(b"\0" + bytes(side) for _ in range(side)), phys))
+    write(folder, "phys.job", lambda: 'Begin\nDrawBitmap 10 10 "phys.png"\nEnd\n')
+    out.append(("PNG of one pixel a metre", "phys.job", ["-l", "HPGL2"], {}, 2,
+                "an image may be at most 100 m on either side"))
+
+    # Settings: nested 29,400 deep; an element of 300,000 attributes; a pen 1e-30 mm wide.
+    write(folder, "deep.xml", lambda: "<a>" * 29400 + "</a>" * 29400)
+    write(folder, "small.job", lambda: "Begin\nDefineColor 1 0 0 0\nSelectDrawColor 1\n"
+          "FillArea 1 4 10 10 60 10 60 60 10 60\nEnd\n")
+    out.append(("settings nested 29,400 deep", "small.job",
+                ["-l", "HPGL2", "--settings", "deep.xml"], {}, 2, "nested more than 256 deep"))
+    write(folder, "attrs.xml", lambda: "<HPGL2Properties " +
+          " ".join('a%d="1"' % i for i in range(300000)) + "/>")
+    out.append(("settings element of 300,000 attributes", "small.job",
+                ["-l", "HPGL2", "--settings", "attrs.xml"], {}, 2, "larger than 1 MiB"))
+    write(folder, "attrs-ok.xml", lambda: "<HPGL2Properties " +
+          " ".join('a%d="1"' % i for i in range(60000)) + ' quality="50"/>')
+    out.append(("settings element of 60,000 attributes", "small.job",
+                ["-l", "HPGL2", "--settings", "attrs-ok.xml"], {}, 0, None))
+    pens = "".join('<pen number="%d" red="0" green="0" blue="0" width="1e-30" enable="YES"/>' % n
+                   for n in range(1, 32))
+    write(folder, "thin.xml", lambda: '<HPGLProperties origin="Lower Left Corner"><pens>%s</pens>'
+          "</HPGLProperties>" % pens)
+    out.append(("hatch with pens 1e-30 mm wide", "small.job",
+                ["-l", "HPGL", "--settings", "thin.xml"], {}, 0, None))
+
+    # A colour table of 16 MB and 100 colour changes.
+    tables = os.path.join(folder, "tables")
+    if GENERATE:
+        os.mkdir(tables)
+        with open(os.path.join(tables, "ColorTable"), "w") as f:
+            size = 0
+            while size < 16 * 1024 * 1024:
+                line = "%d %d %d %d\n" % (rng.randrange(256), rng.randrange(256),
+                                          rng.randrange(256), rng.randrange(1, 32))
+                f.write(line)
+                size += len(line)
+    job = ["Begin"]
+    for i in range(100):
+        job += ["DefineColor %d %f %f %f" % (i + 1, rng.random(), rng.random(), rng.random()),
+                "SelectDrawColor %d" % (i + 1), "MoveTo %d 10" % i, "LineTo %d 20" % i]
+    write(folder, "colors.job", lambda: "\n".join(job + ["End"]) + "\n")
+    out.append(("colour table of 16 MB, 100 changes", "colors.job", ["-l", "HPGL"],
+                {"HPGL2_COLOR_TABLE": "1", "TMPDIR": tables + "/"}, 0, None))
+
+    # A fill of 3,000 random vertices, hatched by a pen plotter.
+    points = " ".join("%.3f %.3f" % (rng.uniform(10, 200), rng.uniform(10, 280))
+                      for _ in range(3000))
+    write(folder, "fill3000.job", lambda: "Begin\nDefineColor 1 0 0 0\nSelectDrawColor 1\n"
+          "SelectFillColor 1\nFillArea 1 3000 %s\nEnd\n" % points)
+    out.append(("hatch of a 3,000-vertex fill", "fill3000.job", ["-l", "HPGL"], {}, 0, None))
+    return out
+
+
+def run(vrkplot, folder, job, arguments, environment, seconds):
+    output = os.path.join(folder, "out.plt")
+    if os.path.exists(output):
+        os.remove(output)
+    env = dict(os.environ)
+    env.update(environment)
+    start = time.monotonic()
+    process = subprocess.Popen([vrkplot, job, "-o", output, "-q"] + arguments, cwd=folder,
+                               env=env, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+    # The messages are short: standard error is read once the process has ended.
+    deadline = start + seconds
+    while True:
+        pid, status, usage = os.wait4(process.pid, os.WNOHANG)
+        if pid != 0:
+            break
+        if time.monotonic() > deadline:
+            process.kill()
+            pid, status, usage = os.wait4(process.pid, 0)
+            break
+        time.sleep(0.01)
+    elapsed = time.monotonic() - start
+    message = process.stderr.read().decode(errors="replace")
+    process.stderr.close()
+    code = os.waitstatus_to_exitcode(status)
+    return code, message, usage.ru_maxrss / 1024.0, elapsed, os.path.exists(output)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--memory-mib", type=float, default=64.0)
+    parser.add_argument("--seconds", type=float, default=10.0)
+    parser.add_argument("--keep", action="store_true", help="keep the scratch folder")
+    parser.add_argument("--generate", metavar="FOLDER", help=argparse.SUPPRESS)
+    options = parser.parse_args()
+    if options.generate:
+        global GENERATE
+        GENERATE = True
+        cases(options.generate)
+        return
+    build = os.environ.get("VRK_BUILD_DIR", os.path.join(ROOT, "build"))
+    vrkplot = os.path.join(build, "bin", "vrkplot")
+    if not os.access(vrkplot, os.X_OK):
+        sys.exit("hostile-inputs: %s is missing; build first" % vrkplot)
+    folder = tempfile.mkdtemp(prefix="vrk-hostile-")
+    failures = 0
+    try:
+        subprocess.run([sys.executable, os.path.abspath(__file__), "--generate", folder],
+                       check=True)
+        for name, job, arguments, environment, status, message in cases(folder):
+            code, err, mib, elapsed, written = run(vrkplot, folder, job, arguments, environment,
+                                                   options.seconds)
+            problems = []
+            if code != status:
+                problems.append("exit status %d, not %d" % (code, status))
+            if message is not None and message not in err:
+                problems.append("no message '%s'" % message)
+            if mib > options.memory_mib:
+                problems.append("%.1f MiB" % mib)
+            if elapsed > options.seconds:
+                problems.append("%.1f s" % elapsed)
+            if status != 0 and written:
+                problems.append("output left behind")
+            leftovers = [f for f in os.listdir(folder) if f.endswith(".tmp")]
+            if leftovers:
+                problems.append("temporary files left: %s" % ", ".join(leftovers))
+            print("%-44s exit %d  %6.1f MiB  %5.2f s  %s" %
+                  (name, code, mib, elapsed, "ok" if not problems else "; ".join(problems)))
+            if problems:
+                failures += 1
+                if err:
+                    print("    " + err.strip().replace("\n", "\n    ")[:400])
+    finally:
+        if options.keep:
+            print("inputs kept in", folder)
+        else:
+            shutil.rmtree(folder)
+    sys.exit(1 if failures else 0)
+
+
+if __name__ == "__main__":
+    main()
