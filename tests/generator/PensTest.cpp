@@ -462,45 +462,45 @@ TEST(ColorTableFile, SeparatorRule) {
     EXPECT_FALSE(job.g.tableReader.is_open());
 }
 
-TEST(ColorTableFile, IsReadOnceAtJobStart) {
+// An HP-GL job started with `table` as its colour table file; the line the table prints at the
+// start is swallowed.
+struct ColorTableJob {
+    explicit ColorTableJob(const std::string& table) {
+        folder.Write("ColorTable", table);
+        testing::internal::CaptureStdout();
+        job.g.Begin(FormParameters(210, 297, 1));
+        testing::internal::GetCapturedStdout();
+    }
+    std::vector<int> PensOf(int red, int green, int blue) {
+        std::vector<int> pens;
+        job.g.readColorTable(red, green, blue, pens);
+        return pens;
+    }
+    // In this order: the folder is the temporary directory before the job starts.
     TableFolder folder;
-    folder.Write("ColorTable", "255 0 0 3\n0 255 0 5\n255 0 0 7\n");
-    ScopedEnv tmp("TMPDIR", folder.Dir());
-    ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
-    HPGLJob job(false);
-    testing::internal::CaptureStdout();
-    job.g.Begin(FormParameters(210, 297, 1));
-    testing::internal::GetCapturedStdout();
+    ScopedEnv tmp{"TMPDIR", folder.Dir()};
+    ScopedEnv colors{"HPGL2_COLOR_TABLE", "1"};
+    HPGLJob job{false};
+};
+
+TEST(ColorTableFile, IsReadOnceAtJobStart) {
+    ColorTableJob t("255 0 0 3\n0 255 0 5\n255 0 0 7\n");
     // What the file says once the job has started does not count.
-    folder.Write("ColorTable", "255 0 0 9\n");
-    std::vector<int> pens;
-    job.g.readColorTable(255, 0, 0, pens);
-    EXPECT_EQ(pens, (std::vector<int>{3, 7}));  // file order
-    pens.clear();
-    job.g.readColorTable(0, 255, 0, pens);
-    EXPECT_EQ(pens, (std::vector<int>{5}));
-    pens.clear();
-    job.g.readColorTable(0, 0, 255, pens);
-    EXPECT_EQ(pens, (std::vector<int>{}));
-    job.g.End();
-    EXPECT_TRUE(job.g.colorTableRecords.empty());
+    t.folder.Write("ColorTable", "255 0 0 9\n");
+    EXPECT_EQ(t.PensOf(255, 0, 0), (std::vector<int>{3, 7}));  // file order
+    EXPECT_EQ(t.PensOf(0, 255, 0), (std::vector<int>{5}));
+    EXPECT_EQ(t.PensOf(0, 0, 255), (std::vector<int>{}));
+    t.job.g.End();
+    EXPECT_TRUE(t.job.g.colorTableRecords.empty());
 }
 
 TEST(ColorTableFile, ColoursBeyondTheScaleAreLookedUpInTheFile) {
-    TableFolder folder;
-    folder.Write("ColorTable", "510 0 0 4\n-1 0 0 6\n255 0 0 32\n255 0 0 0\n");
-    ScopedEnv tmp("TMPDIR", folder.Dir());
-    ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
-    HPGLJob job(false);
-    testing::internal::CaptureStdout();
-    job.g.Begin(FormParameters(210, 297, 1));
-    testing::internal::GetCapturedStdout();
-    EXPECT_TRUE(job.g.colorTableRecords.empty());
-    std::vector<int> pens;
-    job.g.readColorTable(510, 0, 0, pens);
-    job.g.readColorTable(-1, 0, 0, pens);
-    job.g.readColorTable(255, 0, 0, pens);  // pens 32 and 0 are not pens of the table
-    EXPECT_EQ(pens, (std::vector<int>{4, 6}));
+    ColorTableJob t("510 0 0 4\n-1 0 0 6\n255 0 0 32\n255 0 0 0\n");
+    EXPECT_TRUE(t.job.g.colorTableRecords.empty());
+    EXPECT_EQ(t.PensOf(510, 0, 0), (std::vector<int>{4}));
+    EXPECT_EQ(t.PensOf(-1, 0, 0), (std::vector<int>{6}));
+    // Pens 32 and 0 are not pens of the table.
+    EXPECT_EQ(t.PensOf(255, 0, 0), (std::vector<int>{}));
 }
 
 TEST(ColorTableFile, SeveralPensChooseByThickness) {
