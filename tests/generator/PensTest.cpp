@@ -421,6 +421,28 @@ TEST(PenTableFile, ShortLastRecord) {
     EXPECT_EQ(job.g.tableThickness[4], 0.4f);
 }
 
+TEST(PenTableFile, ThicknessBeyondThePlotterIsNotTaken) {
+    TableFolder folder;
+    // 3e7 mm is beyond the plotter's 2^30 - 1 units; 26843544 mm is the largest float within.
+    // 1e39 overflows the float: the stream stores the largest float and the reading ends.
+    folder.Write("PenTable", "2 1 2 3 3e7\n3 4 5 6 26843544\n4 7 8 9 -3e7\n5 1 1 1 1e39\n");
+    ScopedEnv tmp("TMPDIR", folder.Dir());
+    ScopedEnv table("HPGL2_PEN_TABLE", "1");
+    HPGLJob job(false);
+    testing::internal::CaptureStdout();
+    job.g.Begin(FormParameters(210, 297, 1));
+    testing::internal::GetCapturedStdout();
+    ASSERT_NE(job.g.tableThickness, nullptr);
+    // The colours are taken; the thickness keeps the table's 0.35 mm.
+    EXPECT_EQ(job.g.tableRed[2], 1.0f);
+    EXPECT_EQ(job.g.tableThickness[2], 0.35f);
+    EXPECT_EQ(job.g.tableThickness[3], 26843544.0f);
+    EXPECT_EQ(job.g.tableRed[4], 7.0f);
+    EXPECT_EQ(job.g.tableThickness[4], 0.35f);
+    EXPECT_EQ(job.g.tableRed[5], 1.0f);
+    EXPECT_EQ(job.g.tableThickness[5], 0.35f);
+}
+
 TEST(PenTableFile, MissingFileLeavesNoTable) {
     TableFolder folder;
     ScopedEnv tmp("TMPDIR", folder.Dir());
