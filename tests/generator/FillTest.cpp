@@ -109,6 +109,22 @@ TEST(PolygonFill, PatternModeUsesTheHostHatch) {
     EXPECT_EQ(out.substr(0, 4), "PE=<");
 }
 
+TEST(PolygonFill, PatternFarBeyondThePlotterEnds) {
+    // Some 1e20 mm away a step of 1 mm no longer moves the hatch line: the hatch ends there
+    // instead of drawing the same line for ever. The outline follows, at the int's limit.
+    Plot p;
+    p.g.SetFillMode(2);
+    const int counts[] = {3};
+    const float xy[] = {0, 1e20f, 5, 1e20f, 2, 1e20f};
+    p.g.FillArea(1, counts, xy);
+    EXPECT_BYTES(
+        "PE=<\xBF}~~~~\xC2"
+        "O\xC5\xBF"
+        "p\xC2\xBF"
+        "`\xC1\xBF",
+        p.g.Take());
+}
+
 // An HP-GL job whose pen 1 is 2 mm wide: the hatch steps 1 mm. Moves and lines are logged in
 // millimetres as the hooks receive them.
 class HatchPlot : public HPGL2Peer {
