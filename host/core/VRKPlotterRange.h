@@ -5,8 +5,9 @@
 // hands a generator in millimetres fits when its units lie within 2^30 - 1 either way; the
 // difference of two such values (a relative move) then always fits 32 bits.
 //
-// Readers of job files and settings refuse what does not fit. The driver itself takes any value
-// and holds the conversions that overflow at the limits of their integers.
+// The job player refuses a length that does not fit, and the readers of settings and pen tables
+// do not take one. The driver itself takes any value and holds the conversions that overflow at
+// the limits of their integers (VRKSaturatingTrunc).
 namespace VRKPlotterRange {
 
 inline constexpr double kUnitsPerMillimetre = 40.0;
