@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -284,6 +285,19 @@ TEST(ScanLineFill, AreaWhereTheStepNoLongerMovesEnds) {
     EXPECT_EQ(p.log,
               "M0,2e+07 L4,2e+07 L4,2e+07 L0,2e+07 L0,2e+07 "
               "M-0.01,2e+07 M0,2e+07 L4,2e+07 ");
+}
+
+TEST(ScanLineFill, AreaWithAnInfiniteHeightGetsItsOutlineOnly) {
+    // Scan lines would climb to infinity and stay there: such an area has no hatch.
+    for (const float y :
+         {std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity()}) {
+        SCOPED_TRACE(y);
+        HatchPlot p(2.0f);
+        const int counts[] = {3};
+        const float xy[] = {0, 0, 4, 0, 2, y};
+        p.FillArea(1, counts, xy);
+        EXPECT_EQ(p.log, std::string("M0,0 L4,0 L2,") + (y > 0 ? "inf" : "-inf") + " L0,0 ");
+    }
 }
 
 TEST(ScanLineFill, NonZeroRuleFillsOverlapsOnce) {
