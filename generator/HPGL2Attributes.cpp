@@ -7,6 +7,7 @@
 #include "generator/HPGL2Encoding.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 
 namespace {
 
@@ -146,7 +147,8 @@ void VRKPrintHPGL2Generator::DrvSetTextAttribute(VRKPrintTextAttribute kind, flo
     }
     closeEncodedPolyline();
     VRKPrintStream& s = out();
-    const int v = static_cast<int>(value);
+    // The enumeration value as an int; one beyond the int names nothing, as any other unknown.
+    const int v = VRKSaturatingTrunc<int>(value);
     switch (static_cast<int>(kind)) {
         case 0:  // font: the plotter typeface standing in for it
             switch (v) {
@@ -215,15 +217,16 @@ void VRKPrintHPGL2Generator::DrvSetTextAttribute(VRKPrintTextAttribute kind, flo
         case 5:  // slant, degrees
             // The plotter leans characters the other way round from the host, hence the sign.
             s.Write("SL");
-            s.WriteFloat(static_cast<int>(std::tan(value * kPi / 180) * -100) / 100.0);
+            // Near a quarter turn the tangent leaves the int: held at its limits.
+            s.WriteFloat(VRKSaturatingTrunc<int>(std::tan(value * kPi / 180) * -100) / 100.0);
             textSlant = value;
             break;
         case 6: {  // direction, degrees, turned with the page
             const double a = (value + textAngleOffset) * kPi / 180;
             s.Write("DI");
-            s.WriteFloat(static_cast<int>(std::cos(a) * 100) / 100.0);
+            s.WriteFloat(VRKSaturatingTrunc<int>(std::cos(a) * 100) / 100.0);
             s.Put(',');
-            s.WriteFloat(static_cast<int>(std::sin(a) * 100) / 100.0);
+            s.WriteFloat(VRKSaturatingTrunc<int>(std::sin(a) * 100) / 100.0);
             break;
         }
         case 7:  // anchor
@@ -284,9 +287,9 @@ void VRKPrintHPGL2Generator::DrvDrawText(float x, float y, const VRKUnicodeStrin
         }
     }
     s.Write("PU");
-    s.WriteFloat(static_cast<float>(static_cast<int>(x * 40.0)) + originOffsetX);
+    s.WriteFloat(static_cast<float>(VRKSaturatingTrunc<int>(x * 40.0)) + originOffsetX);
     s.Put(',');
-    s.WriteFloat(static_cast<float>(static_cast<int>(y * 40.0)) + originOffsetY);
+    s.WriteFloat(static_cast<float>(VRKSaturatingTrunc<int>(y * 40.0)) + originOffsetY);
     s.Write("LB");
     s.Write(label);
     s.Put(HPGL2Encoding::kLabelTerminator);

@@ -28,12 +28,14 @@ inline constexpr char kLabelTerminator = '\x03';
 // them before encoding the next number. Not for two threads at once.
 const char* encodeNumber(int value);
 
-// The same digits written to `out`, which must have room for 8 bytes (a 32-bit value needs six
-// digits at most; the bytes after the digits are scratch, and no terminator is written). Returns
-// the end of the digits. Without branches on the value: the number of digits of random deltas
-// cannot be predicted, and a mispredicted loop would cost more than the whole encoding.
-inline char* encodeNumberTo(char* out, int value) {
-    // 64 bits, so that the fold of the most negative int (2^32 + 1) does not overflow.
+// The same digits written to `out`, which must have room for 8 bytes (the bytes after the digits
+// are scratch, and no terminator is written). Returns the end of the digits. The value may be any
+// whose fold is below 2^36, that is within 2^35 - 1 either way: six digits at most. That takes
+// every 32-bit value and every difference of two (up to 2^32 - 1 either way). Without branches on
+// the value: the number of digits of random deltas cannot be predicted, and a mispredicted loop
+// would cost more than the whole encoding.
+inline char* encodeNumberTo(char* out, std::int64_t value) {
+    // Folded in 64 bits: the fold of the most negative int alone is 2^32 + 1.
     const std::int64_t v = value;
     const std::int64_t sign = v >> 63;  // 0 or -1
     const std::uint64_t u =

@@ -3,6 +3,7 @@
 #include "generator/HPGL2Encoding.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 
 void VRKPrintHPGL2Generator::DrvBegin(const VRKPrintParameters& params) {
@@ -45,8 +46,9 @@ void VRKPrintHPGL2Generator::writePageSetup(const VRKPrintParameters& params) {
     VRKPrintStream& s = out();
     const VRKPrintForm& form = params.GetForm();
     // The margins are not applied: the input window always starts at 0,0 of the hard-clip area.
-    const int w = static_cast<int>(form.GetWidth() * 40.0);
-    const int h = static_cast<int>(form.GetHeight() * 40.0);
+    // A size beyond the int is held at its limit, NaN gives 0.
+    const int w = VRKSaturatingTrunc<int>(form.GetWidth() * 40.0);
+    const int h = VRKSaturatingTrunc<int>(form.GetHeight() * 40.0);
     pageWidth = static_cast<float>(w);
     pageHeight = static_cast<float>(h);
     switch (params.GetPageRotation()) {

@@ -7,6 +7,7 @@
 
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ void VRKPrintHPGL2Generator::DrvDefineColor(int index, float r, float g, float b
     s.WriteInt(index);
     for (const float component : {r, g, b}) {
         s.Put(',');
-        s.WriteInt(static_cast<long long>(component * 255.0));
+        s.WriteInt(VRKSaturatingTrunc<long long>(component * 255.0));
     }
 }
 
@@ -141,7 +142,7 @@ void VRKPrintHPGL2Generator::matchWidth(int pen, float width, int& strokes, floa
     // A pen thinner than the line draws it as parallel strokes. A pen of no thickness cannot.
     if (t > 0.0f && t < width && std::fabs(t - width) > 0.01) {
         const double count = 2 * (width / t + 1.05);
-        strokes = static_cast<int>(std::min(count, 100000.0));
+        strokes = VRKSaturatingTrunc<int>(std::min(count, 100000.0));
         spacing = std::fabs(t - width) * 40 / static_cast<float>(strokes - 1);
     }
 }
@@ -166,8 +167,8 @@ int VRKPrintHPGL2Generator::selectPenForColor(int colorIndex, float width, int& 
 
     std::vector<int> candidates;
     if (tableReader.is_open()) {
-        readColorTable(static_cast<int>(red * 255), static_cast<int>(green * 255),
-                       static_cast<int>(blue * 255), candidates);
+        readColorTable(VRKSaturatingTrunc<int>(red * 255), VRKSaturatingTrunc<int>(green * 255),
+                       VRKSaturatingTrunc<int>(blue * 255), candidates);
     }
     if (candidates.empty()) {
         // The enabled pens nearest in colour, by the sum of the differences on the 0-255 scale.

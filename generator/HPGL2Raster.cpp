@@ -12,6 +12,7 @@
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPixelImage.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ struct ImageReference {
 
 // How many tiles an extent of `pixels` of `size` millimetres needs.
 int tileCount(int pixels, float size) {
-    const int decipoints = static_cast<int>(size * pixels / -kMillimetresPerDecipoint);
+    const int decipoints = VRKSaturatingTrunc<int>(size * pixels / -kMillimetresPerDecipoint);
     return 1 - decipoints / kLargestDestination;
 }
 
@@ -81,9 +82,9 @@ void VRKPrintHPGL2Generator::writeRaster(float x, float y, const VRKPixelImage& 
     // The pen goes to the image's right-hand edge: PCL places the picture from there in the
     // plotter's turned coordinates.
     s.Write("PU");
-    s.WriteInt(static_cast<long long>((x + w * pw) * 40.0 + originOffsetX));
+    s.WriteInt(VRKSaturatingTrunc<long long>((x + w * pw) * 40.0 + originOffsetX));
     s.Put(',');
-    s.WriteInt(static_cast<long long>(originOffsetY + y * 40.0));
+    s.WriteInt(VRKSaturatingTrunc<long long>(originOffsetY + y * 40.0));
     s.Write("\x1b%1A");  // PCL, cursor at the pen position
     if (!mono) {
         s.Write("\x1b*p0P");  // push the palette
@@ -94,9 +95,9 @@ void VRKPrintHPGL2Generator::writeRaster(float x, float y, const VRKPixelImage& 
     s.Put('s');
     s.WriteInt(h);
     s.Write("T\x1b*t");
-    s.WriteInt(static_cast<long long>(w * pw / kMillimetresPerDecipoint));
+    s.WriteInt(VRKSaturatingTrunc<long long>(w * pw / kMillimetresPerDecipoint));
     s.Put('h');
-    s.WriteInt(static_cast<long long>(h * ph / kMillimetresPerDecipoint));
+    s.WriteInt(VRKSaturatingTrunc<long long>(h * ph / kMillimetresPerDecipoint));
     s.Put('V');
     if (!mono) {
         s.Write("\x1b*v6W");

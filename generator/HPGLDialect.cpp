@@ -7,6 +7,7 @@
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKEnvironment.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 #include "properties/VRKPrintHPGLProperties.h"
 
 namespace {
@@ -26,8 +27,8 @@ void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
     }
     VRKPrintStream& s = out();
     const VRKPrintForm& form = params.GetForm();
-    const int w = static_cast<int>(form.GetWidth() * 40.0);
-    const int h = static_cast<int>(form.GetHeight() * 40.0);
+    const int w = VRKSaturatingTrunc<int>(form.GetWidth() * 40.0);
+    const int h = VRKSaturatingTrunc<int>(form.GetHeight() * 40.0);
     originOffsetX = 0.0f;
 
     // The plotter's origin sits at the lower left corner of the hard-clip area; the setting puts
@@ -40,20 +41,22 @@ void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
         // In orientation 0 the form lies turned: its height runs along the plotter's x axis.
         const int along = landscape ? h : w;
         const int across = landscape ? w : h;
+        // The negation of the int's smallest is held at its largest.
+        const auto negated = [](int v) { return VRKSaturatingTrunc<int>(-static_cast<double>(v)); };
         switch (hpglSettings->GetOrigin()) {
             case 0:
                 originX = -(along / 2);
                 originY = -(across / 2);
                 break;
             case 2:
-                originY = -across;
+                originY = negated(across);
                 break;
             case 3:
-                originX = -along;
+                originX = negated(along);
                 break;
             case 4:
-                originX = -along;
-                originY = -across;
+                originX = negated(along);
+                originY = negated(across);
                 break;
             default:
                 break;
@@ -115,8 +118,9 @@ void VRKPrintHPGL2Generator::hpglLineTo(float x, float y) {
         // the centre one and the others spread by an extra half spacing. Plotters in the field
         // have been driven with exactly these strokes, so the counts stay as they are.
         const int n = strokeCount;
+        // The differences in doubles, where every difference of two ints is exact.
         const double a =
-            std::atan2(static_cast<double>(currentY - ey), static_cast<double>(currentX - ex));
+            std::atan2(static_cast<double>(currentY) - ey, static_cast<double>(currentX) - ex);
         const double sinA = std::sin(a);
         const double cosA = std::cos(a);
         for (int i = -(n / 2); i <= n / 2; ++i) {
@@ -128,8 +132,9 @@ void VRKPrintHPGL2Generator::hpglLineTo(float x, float y) {
             } else {
                 d = static_cast<float>(i) * strokeSpacing + strokeSpacing / 2;
             }
-            const int dx = static_cast<int>(d * sinA);
-            const int dy = static_cast<int>(cosA * d);
+            // A spacing too large for the int (an infinite width) holds the offsets at its limits.
+            const int dx = VRKSaturatingTrunc<int>(d * sinA);
+            const int dy = VRKSaturatingTrunc<int>(cosA * d);
             const long long ux = static_cast<long long>(currentX) - dx;
             const long long uy = static_cast<long long>(currentY) + dy;
             writePoint(s, "PU", ux - originX, uy - originY);

@@ -2,6 +2,7 @@
 // as its outline and then as horizontal strokes half a pen width apart, travelling back and forth.
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <new>
@@ -76,10 +77,12 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
 
     // A pen without width would never advance the scan line, and one whose step is below a
     // plotter unit would draw the same stroke again and again, the plotter's resolution being
-    // coarser than the step: such a pen gets its outline only.
+    // coarser than the step: such a pen gets its outline only. So does an area of infinite
+    // height, whose scan lines would reach infinity and stay there.
     std::unique_ptr<float[]> crossings(
         new (std::nothrow) float[2 * static_cast<std::size_t>(total)]);
-    if (crossings != nullptr && ymin != ymax && step >= kPlotterUnit) {
+    if (crossings != nullptr && ymin != ymax && step >= kPlotterUnit && std::isfinite(ymin) &&
+        std::isfinite(ymax)) {
         bool fromLeft = true;
         for (float y = ymin; y <= ymax; y = nextScanLine(y, step)) {
             int count = 0;

@@ -10,6 +10,7 @@
 
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKEnvironment.h"
+#include "host/core/VRKPlotterRange.h"
 #include "properties/VRKPrintHPGLProperties.h"
 
 namespace {
@@ -99,7 +100,10 @@ void VRKPrintHPGL2Generator::buildPenTable() {
             tableRed[pen] = static_cast<float>(red);
             tableGreen[pen] = static_cast<float>(green);
             tableBlue[pen] = static_cast<float>(blue);
-            tableThickness[pen] = thickness;
+            // A thickness beyond the plotter's range is not taken: the pen keeps the one it had.
+            if (VRKPlotterRange::FitsMillimetres(thickness)) {
+                tableThickness[pen] = thickness;
+            }
         }
     }
 }

@@ -7,6 +7,7 @@
 #include "generator/HPGL2Encoding.h"
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintNullStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 
 class VRKPrintHPGLProperties;
@@ -98,10 +99,11 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
         encodedPolylineOpen = 1;
     }
     // Millimetres to plotter units: truncated toward zero, the origin offset added, truncated
-    // again. There is no rounding to nearest anywhere on this path.
+    // again. There is no rounding to nearest anywhere on this path. A value beyond the int (or
+    // infinite) is held at the int's limit, NaN gives 0.
     void toPlotterUnits(float x, float y, int& px, int& py) const {
-        const int ix = static_cast<int>(static_cast<double>(x) * 40.0);
-        const int iy = static_cast<int>(static_cast<double>(y) * 40.0);
+        const int ix = VRKSaturatingTrunc<int>(static_cast<double>(x) * 40.0);
+        const int iy = VRKSaturatingTrunc<int>(static_cast<double>(y) * 40.0);
         // Without an offset, and within the 24 bits a float holds exactly, the detour through
         // float gives the integer back unchanged.
         constexpr unsigned kExact = 1u << 24;
@@ -112,15 +114,18 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
             py = iy;
             return;
         }
-        px = static_cast<int>(static_cast<float>(ix) + originOffsetX);
-        py = static_cast<int>(static_cast<float>(iy) + originOffsetY);
+        px = VRKSaturatingTrunc<int>(static_cast<float>(ix) + originOffsetX);
+        py = VRKSaturatingTrunc<int>(static_cast<float>(iy) + originOffsetY);
     }
     // The encoded pair of the move from the last encoded position to (px, py), which becomes
-    // the last encoded position.
+    // the last encoded position. The differences are taken in 64 bits and written whole: two
+    // positions within the plotter's range (2^30 - 1 units either way) always differ by a 32-bit
+    // value, and two that are not, up to the int's limits, by less than 2^32, which still takes
+    // six digits at most. The plotter's position therefore always follows lastEncodedX/Y.
     void writeEncodedPair(VRKPrintStream& s, int px, int py) {
         char* p = s.Claim(16);
-        p = encodeNumberTo(p, px - lastEncodedX);
-        p = encodeNumberTo(p, py - lastEncodedY);
+        p = encodeNumberTo(p, std::int64_t{px} - lastEncodedX);
+        p = encodeNumberTo(p, std::int64_t{py} - lastEncodedY);
         s.Advance(p);
         lastEncodedX = px;
         lastEncodedY = py;

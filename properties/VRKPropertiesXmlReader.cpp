@@ -1,15 +1,18 @@
 #include "properties/VRKPropertiesXmlReader.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
-#include <cstdio>
+#include <limits>
 #include <vector>
 
 #include "host/core/VRKLocalDecimalChar.h"
+#include "host/core/VRKPlotterRange.h"
 #include "properties/VRKPrintHP1055CProperties.h"
 #include "properties/VRKPrintHP4000Properties.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHPGLProperties.h"
+#include "properties/VRKPropertiesNumbers.h"
 #include "properties/VRKPropertiesSpellings.h"
 #include "properties/VRKPropertiesXmlNode.h"
 
@@ -31,20 +34,31 @@ void readYesNo(const VRKPropertiesXmlNode& node, const char* attribute, Setter s
     readSpelled(node, attribute, VRKPropertiesSpellings::YesNo(), set);
 }
 
-// "%d" into a value that starts at 0: a missing or non-numeric text gives 0.
-int scanInteger(const VRKString& text) {
-    int value = 0;
-    std::sscanf(text.CastToCharPtr(), "%d", &value);
-    return value;
+using Reading = VRKPropertiesNumbers::Reading;
+
+// "%d" into a value that starts at 0: a missing or non-numeric text gives 0. False, with the
+// value 0, for a number beyond the int, which the caller does not take.
+bool scanInteger(const VRKString& text, int& value) {
+    value = 0;
+    return VRKPropertiesNumbers::ScanInteger(text.CastToCharPtr(), value) != Reading::kOutOfRange;
 }
 
-// A pen component or width: the text in the locale's decimal notation, then "%le" into a value
-// that starts at 0.
-double scanReal(const VRKString& text) {
+// A pen component or width: the text in the locale's decimal notation, then read as "%le" reads
+// it. A missing or non-numeric text stores 0. A number that is not finite or lies beyond the
+// float, and for a width (a length) one whose plotter units do not fit the plotter's range, is
+// not taken: the field keeps its value.
+void scanReal(const VRKString& text, float& field, bool length) {
     double value = 0.0;
     const VRKString local = GetStringWithLocalDecimalCharV2(text);
-    std::sscanf(local.CastToCharPtr(), "%le", &value);
-    return value;
+    if (VRKPropertiesNumbers::ScanReal(local.CastToCharPtr(), value) == Reading::kOutOfRange ||
+        std::fabs(value) > std::numeric_limits<float>::max()) {
+        return;
+    }
+    const auto narrowed = static_cast<float>(value);
+    if (length && !VRKPlotterRange::FitsMillimetres(narrowed)) {
+        return;
+    }
+    field = narrowed;
 }
 
 bool named(const VRKPropertiesXmlNode& node, const char* expected) {
@@ -67,21 +81,18 @@ void readPens(VRKPropertiesXmlNode& pens, VRKPrintHPGLProperties& record) {
         if (!named(*pen, "pen")) {
             continue;
         }
-        // A pen without a usable number addresses pen 0.
-        const int number = scanInteger(pen->GetAttribute("number"));
-        const double r = scanReal(pen->GetAttribute("red"));
-        const double g = scanReal(pen->GetAttribute("green"));
-        const double b = scanReal(pen->GetAttribute("blue"));
-        const double w = scanReal(pen->GetAttribute("width"));
-        // Negative numbers become large as unsigned and fall out with those of 32 and more.
-        if (static_cast<unsigned>(number) >= static_cast<unsigned>(kSlots)) {
+        // A pen without a usable number addresses pen 0. Negative numbers become large as
+        // unsigned and fall out with those of 32 and more, and so do numbers beyond the int.
+        int number = 0;
+        if (!scanInteger(pen->GetAttribute("number"), number) ||
+            static_cast<unsigned>(number) >= static_cast<unsigned>(kSlots)) {
             continue;
         }
         const auto at = static_cast<size_t>(number);
-        red[at] = static_cast<float>(r);
-        green[at] = static_cast<float>(g);
-        blue[at] = static_cast<float>(b);
-        width[at] = static_cast<float>(w);
+        scanReal(pen->GetAttribute("red"), red[at], false);
+        scanReal(pen->GetAttribute("green"), green[at], false);
+        scanReal(pen->GetAttribute("blue"), blue[at], false);
+        scanReal(pen->GetAttribute("width"), width[at], true);
         readYesNo(*pen, "enable", [&](int code) { enable[at] = code; });
         // The count only grows, and only past its current value: a pen numbered as the count is
         // stored but stays outside it. Files written by earlier versions rely on exactly this.
@@ -99,7 +110,10 @@ VRKResult VRKPropertiesXmlReader::ReadHPGL2(VRKPropertiesXmlNode& node,
     readSpelled(node, "mediaType", VRKPropertiesSpellings::MediaTypes(),
                 [&](int code) { record.SetMediaType(code); });
     readYesNo(node, "cutterState", [&](int code) { record.SetCutterState(code); });
-    record.SetQuality(scanInteger(node.GetAttribute("quality")));
+    // A plain number: missing or not a number, it reads 0; beyond the int, it is not taken.
+    if (int quality = 0; scanInteger(node.GetAttribute("quality"), quality)) {
+        record.SetQuality(quality);
+    }
     return S_OK;
 }
 

@@ -11,7 +11,9 @@ class VRKPrintHP4000Properties;
 // Reads settings elements into property records, in place. A value is taken only when it is
 // identical to one of its field's spellings; a missing attribute or any other value leaves the
 // field as it was (the HP-GL/2 quality, a plain number, is the exception: it reads 0 when it is
-// missing). Nothing is rolled back: fields read before a failure stay set.
+// missing). A number that does not fit its field (beyond the int, not finite, beyond the float,
+// or a pen width beyond the plotter's range) leaves the field as it was, and a pen whose number
+// does not fit is skipped. Nothing is rolled back: fields read before a failure stay set.
 class VRKPropertiesXmlReader {
   public:
     // The attributes of an "HPGL2Properties" element; the caller has checked the name.

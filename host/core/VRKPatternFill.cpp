@@ -54,7 +54,7 @@ void VRKPrintGenerator::FillPatternPolygon(int nbPolygons, const int* nbPoints,
     // Lines on the global grid v = k * spacing, so neighbouring areas share their hatch.
     const double first = std::ceil(vmin / kHatchSpacing);
     const double last = std::floor(vmax / kHatchSpacing);
-    for (double line = first; line <= last && line - first < 1.0e6; line += 1.0) {
+    for (double line = first; line <= last && line - first < 1.0e6;) {
         const double vl = line * kHatchSpacing;
         crossings.clear();
         std::size_t start = 0;
@@ -85,6 +85,13 @@ void VRKPrintGenerator::FillPatternPolygon(int nbPolygons, const int* nbPoints,
                           static_cast<float>((u1 + vl) * kHalfRoot2));
             }
         }
+        // Beyond 2^53 a step of 1 no longer moves the line: the hatch ends instead of drawing
+        // the same line for ever.
+        const double next = line + 1.0;
+        if (next == line) {
+            break;
+        }
+        line = next;
     }
     const float* p = points;
     for (int i = 0; i < nbPolygons; ++i) {

@@ -8,6 +8,7 @@
 #include "host/core/VRKFont.h"
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKSaturatingTrunc.h"
 
 VRK_DEFINE_CLASS(VRKPrintGenerator, VRKBaseUnknown, "VRKNull", "Print")
 VRK_DEFINE_CLASS(VRKPrintFileGenerator, VRKPrintGenerator, "VRKNull", "Print")
@@ -27,7 +28,7 @@ int stepsFor(double secondDerivativeBound, double span) {
     }
     const double steps = std::ceil(span * std::sqrt(secondDerivativeBound / (8.0 * kFlatness)));
     // A curve as large as a house still ends: cap the work at one million chords per segment.
-    return static_cast<int>(std::clamp(steps, 1.0, 1.0e6));
+    return VRKSaturatingTrunc<int>(std::clamp(steps, 1.0, 1.0e6));
 }
 
 }  // namespace
@@ -350,15 +351,17 @@ void VRKPrintGenerator::DrvSetLineStyle(VRKPrintLineAttribute /*style*/, float /
                                         const float* /*pattern*/) {}
 
 void VRKPrintGenerator::DrvSetTextAttribute(VRKPrintTextAttribute kind, float value) {
+    // Enumeration values as ints: one beyond the int is held at its limit (naming nothing, as
+    // any other unknown value), NaN gives 0.
     switch (kind) {
         case VRKTextFont:
-            textFont_ = static_cast<int>(value);
+            textFont_ = VRKSaturatingTrunc<int>(value);
             break;
         case VRKTextSize:
             textSize_ = value;
             break;
         case VRKTextWeight:
-            textWeight_ = static_cast<int>(value);
+            textWeight_ = VRKSaturatingTrunc<int>(value);
             break;
         case VRKTextSlant:
             textSlant_ = value;
@@ -367,7 +370,7 @@ void VRKPrintGenerator::DrvSetTextAttribute(VRKPrintTextAttribute kind, float va
             textDirection_ = value;
             break;
         case VRKTextAnchor:
-            textAnchor_ = static_cast<int>(value);
+            textAnchor_ = VRKSaturatingTrunc<int>(value);
             break;
         default:
             break;

@@ -314,9 +314,10 @@ bool VRKFreeTypeOutliner::Paths(const VRKUnicodeString& text, float x, float y, 
     }
 
     Placement placement;
-    int a = anchor - VRKAnchorBaseLeft;
-    if (a < 0 || a > VRKAnchorTopRight - VRKAnchorBaseLeft) {
-        a = 0;
+    // Compared before the subtraction, which the int's smallest would overflow.
+    int a = 0;
+    if (anchor >= VRKAnchorBaseLeft && anchor <= VRKAnchorTopRight) {
+        a = anchor - VRKAnchorBaseLeft;
     }
     // Anchors come in columns of four: base, bottom, middle, top; left, center, right.
     const double alongBox[3] = {0.0, pen / 2.0, pen};

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "host/core/VRKSaturatingTrunc.h"
+
 namespace {
 
 // Chords per segment that keep every chord within `tolerance` of the curve, given a bound on the
@@ -15,7 +17,7 @@ int chordsFor(double secondDerivativeBound, double tolerance) {
     }
     const double n = std::ceil(std::sqrt(secondDerivativeBound / (8.0 * tolerance)));
     // A glyph many metres high still ends: cap the work per segment.
-    return static_cast<int>(std::clamp(n, 1.0, 100000.0));
+    return VRKSaturatingTrunc<int>(std::clamp(n, 1.0, 100000.0));
 }
 
 // Appends a point unless it repeats the previous one of the same contour.

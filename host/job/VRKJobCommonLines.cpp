@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host/core/VRKPlotterRange.h"
 #include "host/core/VRKPrintGenerator.h"
 #include "host/job/VRKJobNumber.h"
 #include "host/job/VRKJobPlayer.h"
@@ -31,6 +32,9 @@ class NumberScanner {
         value = static_cast<float>(v);
         return p_ != nullptr && AtSeparator();
     }
+    // A length or coordinate: a number whose plotter units fit the plotter's range. Any other
+    // goes to the general path, which says what is wrong with it.
+    bool Length(float& value) { return Float(value) && VRKPlotterRange::FitsMillimetres(value); }
     bool Int(int& value) {
         if (!SkipBlanks()) {
             return false;
@@ -225,7 +229,7 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
         case CommonKind::kMoveTo:
         case CommonKind::kLineTo: {
             float x = 0.0f, y = 0.0f;
-            if (!scan.Float(x) || !scan.Float(y) || (next = scan.End()) == nullptr ||
+            if (!scan.Length(x) || !scan.Length(y) || (next = scan.End()) == nullptr ||
                 tooLong(next)) {
                 return nullptr;
             }
@@ -240,10 +244,10 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
         case CommonKind::kArcCircle: {
             float v[5] = {};
             int filled = 0;
-            for (float& value : v) {
-                if (!scan.Float(value)) {
-                    return nullptr;
-                }
+            // Centre and radius are lengths, the two angles are not.
+            if (!scan.Length(v[0]) || !scan.Length(v[1]) || !scan.Length(v[2]) ||
+                !scan.Float(v[3]) || !scan.Float(v[4])) {
+                return nullptr;
             }
             if (!scan.Int(filled) || (next = scan.End()) == nullptr || tooLong(next) ||
                 (filled != 0 && filled != 1)) {
@@ -272,7 +276,7 @@ inline __attribute__((always_inline)) const char* VRKJobPlayer::PlayCommonLineIn
             }
             points_.resize(static_cast<std::size_t>(2 * total));
             for (float& value : points_) {
-                if (!scan.Float(value)) {
+                if (!scan.Length(value)) {
                     return nullptr;
                 }
             }

@@ -12,6 +12,7 @@
 #include <istream>
 
 #include "host/core/VRKPixelImage.h"
+#include "host/core/VRKPlotterRange.h"
 #include "host/core/VRKPrintGenerator.h"
 #include "host/image/VRKPngReader.h"
 #include "host/job/VRKJobNumber.h"
@@ -400,6 +401,19 @@ bool VRKJobPlayer::Number(std::string_view word, float& value, std::string_view 
     }
 }
 
+bool VRKJobPlayer::LengthNumber(std::string_view word, float& value, std::string_view what) {
+    if (!Number(word, value, what)) {
+        return false;
+    }
+    if (!VRKPlotterRange::FitsMillimetres(value)) {
+        return Fail(std::string(verb_->name) + ": " + std::string(what) + VRKJobLexer::Quote(word) +
+                    " is beyond the plotter's range (at most " +
+                    std::to_string(static_cast<long>(VRKPlotterRange::kLargestMillimetres)) +
+                    " mm either way)");
+    }
+    return true;
+}
+
 bool VRKJobPlayer::IntNumber(std::string_view word, int& value, std::string_view what) {
     switch (VRKJobNumber::ParseInt(word, value)) {
         case VRKJobNumber::Status::kOk:
@@ -419,6 +433,11 @@ bool VRKJobPlayer::IntNumber(std::string_view word, int& value, std::string_view
 bool VRKJobPlayer::Float(std::size_t arg, float& value) {
     std::string_view word;
     return Word(arg, word) && Number(word, value, "");
+}
+
+bool VRKJobPlayer::Length(std::size_t arg, float& value) {
+    std::string_view word;
+    return Word(arg, word) && LengthNumber(word, value, "");
 }
 
 bool VRKJobPlayer::Int(std::size_t arg, int& value) {
@@ -453,7 +472,7 @@ bool VRKJobPlayer::Points(std::size_t first, long long count, std::string_view w
     }
     points_.resize(static_cast<std::size_t>(given));
     for (std::size_t i = 0; i < points_.size(); ++i) {
-        if (!Float(first + i, points_[i])) {
+        if (!Length(first + i, points_[i])) {
             return false;
         }
     }
@@ -501,7 +520,7 @@ bool VRKJobPlayer::Parameter(std::string_view key, std::string_view value,
     const std::string what = std::string(key) + ": ";
     if (key == "width" || key == "height") {
         float size = 0.0f;
-        if (!Number(value, size, what)) {
+        if (!LengthNumber(value, size, what)) {
             return false;
         }
         if (!(size > 0.0f)) {
@@ -553,7 +572,7 @@ bool VRKJobPlayer::Margins(std::string_view value, VRKPrintParameters& params) {
         }
         const std::string_view part =
             value.substr(from, last ? std::string_view::npos : comma - from);
-        if (!Number(part, margins[i], "margins: ")) {
+        if (!LengthNumber(part, margins[i], "margins: ")) {
             return false;
         }
         if (margins[i] < 0.0f) {
@@ -607,7 +626,7 @@ bool VRKJobPlayer::DoEnd() {
 
 bool VRKJobPlayer::DoMoveTo() {
     float x = 0.0f, y = 0.0f;
-    if (!ExpectArgs(2) || !Float(0, x) || !Float(1, y)) {
+    if (!ExpectArgs(2) || !Length(0, x) || !Length(1, y)) {
         return false;
     }
     generator_.MoveTo(x, y);
@@ -616,7 +635,7 @@ bool VRKJobPlayer::DoMoveTo() {
 
 bool VRKJobPlayer::DoLineTo() {
     float x = 0.0f, y = 0.0f;
-    if (!ExpectArgs(2) || !Float(0, x) || !Float(1, y)) {
+    if (!ExpectArgs(2) || !Length(0, x) || !Length(1, y)) {
         return false;
     }
     generator_.LineTo(x, y);
@@ -663,8 +682,9 @@ bool VRKJobPlayer::DoDrawArcCircle() {
     if (!ExpectArgs(6)) {
         return false;
     }
+    // Centre and radius are lengths, the angles are not.
     for (std::size_t i = 0; i < 5; ++i) {
-        if (!Float(i, v[i])) {
+        if (!(i < 3 ? Length(i, v[i]) : Float(i, v[i]))) {
             return false;
         }
     }
@@ -684,8 +704,9 @@ bool VRKJobPlayer::DoDrawArcEllipse() {
     if (!ExpectArgs(8)) {
         return false;
     }
+    // Centre and radii are lengths, the angles are not.
     for (std::size_t i = 0; i < 7; ++i) {
-        if (!Float(i, v[i])) {
+        if (!(i < 4 ? Length(i, v[i]) : Float(i, v[i]))) {
             return false;
         }
     }
@@ -738,7 +759,7 @@ bool VRKJobPlayer::DoFillArea() {
 bool VRKJobPlayer::DoDrawBitmap() {
     float x = 0.0f, y = 0.0f, pixelWidth = 0.0f, pixelHeight = 0.0f;
     const std::string* file = nullptr;
-    if (!ExpectArgsBetween(3, 5) || !Float(0, x) || !Float(1, y) || !String(2, file)) {
+    if (!ExpectArgsBetween(3, 5) || !Length(0, x) || !Length(1, y) || !String(2, file)) {
         return false;
     }
     if (ArgCount() == 4) {
@@ -746,7 +767,7 @@ bool VRKJobPlayer::DoDrawBitmap() {
     }
     const bool sized = ArgCount() == 5;
     if (sized) {
-        if (!Float(3, pixelWidth) || !Float(4, pixelHeight)) {
+        if (!Length(3, pixelWidth) || !Length(4, pixelHeight)) {
             return false;
         }
         if (!(pixelWidth > 0.0f) || !(pixelHeight > 0.0f)) {
@@ -788,7 +809,7 @@ bool VRKJobPlayer::DoDrawBitmap() {
 bool VRKJobPlayer::DoDrawText() {
     float x = 0.0f, y = 0.0f;
     const std::string* text = nullptr;
-    if (!ExpectArgs(3) || !Float(0, x) || !Float(1, y) || !String(2, text)) {
+    if (!ExpectArgs(3) || !Length(0, x) || !Length(1, y) || !String(2, text)) {
         return false;
     }
     generator_.DrawText(x, y, VRKUnicodeString(*text));
@@ -841,7 +862,7 @@ bool VRKJobPlayer::DoSetFillMode() {
 
 bool VRKJobPlayer::DoSetDrawWidth() {
     float width = 0.0f;
-    if (!ExpectArgs(1) || !Float(0, width)) {
+    if (!ExpectArgs(1) || !Length(0, width)) {
         return false;
     }
     generator_.SetDrawWidth(width);
@@ -882,12 +903,12 @@ bool VRKJobPlayer::DoSetLineStyle() {
         return true;
     }
     float length = 0.0f;
-    if (!Float(1, length)) {
+    if (!Length(1, length)) {
         return false;
     }
     points_.resize(ArgCount() - 2);
     for (std::size_t i = 0; i < points_.size(); ++i) {
-        if (!Float(2 + i, points_[i])) {
+        if (!Length(2 + i, points_[i])) {
             return false;
         }
     }
@@ -900,7 +921,10 @@ bool VRKJobPlayer::DoSetLineStyle() {
 bool VRKJobPlayer::DoSetTextAttribute() {
     int kind = 0;
     float value = 0.0f;
-    if (!ExpectArgs(2) || !Int(0, kind) || !Float(1, value)) {
+    // The text size is a length; fonts, weights and anchors are enumeration values, slants and
+    // directions degrees.
+    if (!ExpectArgs(2) || !Int(0, kind) ||
+        !(kind == VRKTextSize ? Length(1, value) : Float(1, value))) {
         return false;
     }
     generator_.SetTextAttribute(static_cast<VRKPrintTextAttribute>(kind), value);

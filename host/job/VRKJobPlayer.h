@@ -117,11 +117,16 @@ class VRKJobPlayer {
     bool ExpectArgsBetween(std::size_t least, std::size_t most);
     bool Word(std::size_t arg, std::string_view& word);
     bool Float(std::size_t arg, float& value);
+    // A length or coordinate in millimetres: a number whose plotter units fit the plotter's range
+    // (VRKPlotterRange), for the generator takes it as it is.
+    bool Length(std::size_t arg, float& value);
     bool Int(std::size_t arg, int& value);
     bool String(std::size_t arg, const std::string*& value);
     bool Number(std::string_view word, float& value, std::string_view what);
+    bool LengthNumber(std::string_view word, float& value, std::string_view what);
     bool IntNumber(std::string_view word, int& value, std::string_view what);
-    // Reads `count` points (2 * count coordinates) from argument `first` into points_.
+    // Reads `count` points (2 * count coordinates, each a Length) from argument `first` into
+    // points_.
     bool Points(std::size_t first, long long count, std::string_view what);
     // The key=value arguments of Begin and StartNewPage applied to `params`; `given` says
     // whether there were any.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -113,6 +114,27 @@ TEST_F(DrawText, FillsAreTheOutlinerOutlinesWithTheKeptAttributes) {
     }
     EXPECT_EQ(counts, expected.contourPoints);
     EXPECT_EQ(points, expected.points);
+}
+
+TEST_F(DrawText, EnumerationValuesBeyondTheIntegersHoldAtTheirLimits) {
+    TextRecorder r;
+    r.SetTextAttribute(VRKTextAnchor, 1e38f);
+    r.SetTextAttribute(VRKTextFont, -1e38f);
+    r.SetTextAttribute(VRKTextWeight, std::nanf(""));
+    EXPECT_EQ(r.GetTextAnchor(), 2147483647);
+    EXPECT_EQ(r.GetTextFont(), -2147483647 - 1);
+    EXPECT_EQ(r.GetTextWeight(), 0);
+    // An anchor that names no anchor places the text at its base left.
+    r.SetTextAttribute(VRKTextAnchor, -1e38f);
+    EXPECT_EQ(r.GetTextAnchor(), -2147483647 - 1);
+    VRKFreeTypeOutliner outliner(dejavu::kPath);
+    VRKTextOutliner::Install(&outliner);
+    r.DrawText(10.0f, 20.0f, "H");
+    VRKTextOutliner::Outlines expected;
+    ASSERT_TRUE(outliner.Outline("H", 10.0f, 20.0f, r.GetTextSize(), 0.0f, 0.0f, VRKAnchorBaseLeft,
+                                 VRKWeightNormal, expected));
+    ASSERT_EQ(r.fills.size(), 1u);
+    EXPECT_EQ(r.fills[0].points, expected.points);
 }
 
 TEST_F(DrawText, RuleAlreadyNonZeroIsLeftAlone) {

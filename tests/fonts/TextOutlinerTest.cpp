@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -178,6 +179,8 @@ TEST(FreeTypeOutliner, UnknownAnchorIsBaseLeft) {
     const auto plain = outline("HE", 5.0f, 5.0f, 10.0f);
     EXPECT_EQ(outline("HE", 5.0f, 5.0f, 10.0f, 0.0f, 0.0f, 0).points, plain.points);
     EXPECT_EQ(outline("HE", 5.0f, 5.0f, 10.0f, 0.0f, 0.0f, 40).points, plain.points);
+    EXPECT_EQ(outline("HE", 5.0f, 5.0f, 10.0f, 0.0f, 0.0f, INT_MIN).points, plain.points);
+    EXPECT_EQ(outline("HE", 5.0f, 5.0f, 10.0f, 0.0f, 0.0f, INT_MAX).points, plain.points);
 }
 
 TEST(FreeTypeOutliner, AnchorFollowsTheDirection) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 #include "support/HPGL2Peer.h"
@@ -136,6 +137,22 @@ TEST(TextAttributes, Anchors) {
     EXPECT_EQ(p.g.Take(), "LO1LO11LO1LO2LO3LO14LO4LO5LO6LO17LO7LO8LO9LO1");
 }
 
+TEST(TextAttributes, ValuesBeyondTheIntegers) {
+    Plot p;
+    // A quarter turn either way leans by a tangent beyond the int: held at its limits.
+    p.g.SetTextAttribute(VRKTextSlant, 90.0f);
+    p.g.SetTextAttribute(VRKTextSlant, -90.0f);
+    // Enumeration values that are no integer at all pick nothing.
+    p.g.SetTextAttribute(VRKTextAnchor, 1e38f);
+    p.g.SetTextAttribute(VRKTextAnchor, -1e38f);
+    p.g.SetTextAttribute(VRKTextAnchor, std::nanf(""));
+    p.g.SetTextAttribute(VRKTextFont, 3e9f);
+    p.g.SetTextAttribute(VRKTextWeight, -3e9f);
+    EXPECT_EQ(p.g.Take(), "SL-21474836.48SL21474836.47LO1LO1LO1");
+    EXPECT_EQ(p.g.textTypeface, 48);
+    EXPECT_EQ(p.g.textWeight, 25);
+}
+
 TEST(TextAttributes, KindsThatWriteNothingStillCloseTheRun) {
     for (int kind : {1, 3, 8, 9, 0, 2, 4}) {
         Plot p;
@@ -237,6 +254,15 @@ TEST(Text, OriginOffsetIsAdded) {
     p.g.originOffsetX = 0.5f;
     p.g.DrawText(1.0249f, -1.0249f, "A");
     EXPECT_BYTES("PU40.50,-40.00LBA\x03", p.g.Take());
+}
+
+TEST(Text, LabelOriginsBeyondTheIntegersHoldAtTheirLimits) {
+    Plot p;
+    p.g.fontChanged = 0;
+    p.g.DrawText(10, 1e12f, "x");
+    p.g.DrawText(std::nanf(""), -1e12f, "y");
+    // The int's largest, 2^31 - 1, is 2^31 as a float.
+    EXPECT_BYTES("PU400.00,2147483648.00LBx\x03PU0.00,-2147483648.00LBy\x03", p.g.Take());
 }
 
 TEST(Text, SlantLimits) {

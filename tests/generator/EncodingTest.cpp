@@ -63,6 +63,23 @@ TEST(EncodeNumber, ExtremesFitSixDigits) {
     EXPECT_BYTES(Bytes({63 + 1, 63, 63, 63, 63, 191 + 4}), Encoded(INT_MIN));
 }
 
+TEST(EncodeNumber, DifferencesOfTwoPositionsFitSixDigits) {
+    // Two 32-bit positions differ by up to 2^32 - 1 either way: u up to 2^33 - 1, six digits.
+    char digits[8];
+    const auto encoded = [&digits](long long v) {
+        return std::string(digits, encodeNumberTo(digits, v));
+    };
+    EXPECT_BYTES(Bytes({63 + 62, 126, 126, 126, 126, 191 + 7}), encoded(4294967295LL));
+    EXPECT_BYTES(Bytes({126, 126, 126, 126, 126, 191 + 7}), encoded(-4294967295LL));
+    EXPECT_BYTES(Bytes({63, 63, 63, 63, 63, 191 + 4}), encoded(2147483648LL));
+    for (long long v : {4294967295LL, -4294967295LL, 2147483648LL, -2147483649LL, 3000000000LL}) {
+        EXPECT_EQ(Decode(encoded(v)), v);
+    }
+    // Within 32 bits, the same digits as before.
+    EXPECT_BYTES(Encoded(INT_MIN), encoded(INT_MIN));
+    EXPECT_BYTES(Encoded(-400), encoded(-400));
+}
+
 TEST(EncodeNumber, RoundTrips) {
     for (long long v = -70000; v <= 70000; v += 7) {
         ASSERT_EQ(Decode(Encoded(static_cast<int>(v))), v);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -107,6 +108,22 @@ TEST(PolygonFill, PatternModeUsesTheHostHatch) {
     const std::string out = p.g.Take();
     EXPECT_EQ(out.find("PM0"), std::string::npos);
     EXPECT_EQ(out.substr(0, 4), "PE=<");
+}
+
+TEST(PolygonFill, PatternFarBeyondThePlotterEnds) {
+    // Some 1e20 mm away a step of 1 mm no longer moves the hatch line: the hatch ends there
+    // instead of drawing the same line for ever. The outline follows, at the int's limit.
+    Plot p;
+    p.g.SetFillMode(2);
+    const int counts[] = {3};
+    const float xy[] = {0, 1e20f, 5, 1e20f, 2, 1e20f};
+    p.g.FillArea(1, counts, xy);
+    EXPECT_BYTES(
+        "PE=<\xBF}~~~~\xC2"
+        "O\xC5\xBF"
+        "p\xC2\xBF"
+        "`\xC1\xBF",
+        p.g.Take());
 }
 
 // An HP-GL job whose pen 1 is 2 mm wide: the hatch steps 1 mm. Moves and lines are logged in
@@ -284,6 +301,19 @@ TEST(ScanLineFill, SpansWithinOnePlotterUnitAreNotDrawn) {
               "M-0.01,2 "
               "M0.02,3 ");
     EXPECT_EQ(p.Take(), "PD0,0PD0,120PD0,0");
+}
+
+TEST(ScanLineFill, AreaWithAnInfiniteHeightGetsItsOutlineOnly) {
+    // Scan lines would climb to infinity and stay there: such an area has no hatch.
+    for (const float y :
+         {std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity()}) {
+        SCOPED_TRACE(y);
+        HatchPlot p(2.0f);
+        const int counts[] = {3};
+        const float xy[] = {0, 0, 4, 0, 2, y};
+        p.FillArea(1, counts, xy);
+        EXPECT_EQ(p.log, std::string("M0,0 L4,0 L2,") + (y > 0 ? "inf" : "-inf") + " L0,0 ");
+    }
 }
 
 TEST(ScanLineFill, NonZeroRuleFillsOverlapsOnce) {

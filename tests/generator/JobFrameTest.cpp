@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <string>
 
 #include "host/core/VRKClassDictionary.h"
@@ -201,6 +203,24 @@ TEST(JobStart, FormSizeTruncates) {
     EXPECT_BYTES(kStart + "INECQL100PS4000,8001IP0,0,4000,8001NP256TR0MC0SP0LA2,2,3,2", g.Bytes());
 }
 
+TEST(JobStart, FormSizesBeyondTheIntegersHoldAtTheirLimits) {
+    HPGL2Peer g;
+    g.Begin(FormParameters(3e38f, 297, 1));
+    // The width is the int's largest: wider than high, so the page turns.
+    EXPECT_BYTES(
+        kStart + "INECQL100PS2147483647,11880IP0,0,2147483647,11880RO270NP256TR0MC0SP0LA2,2,3,2",
+        g.Bytes());
+    HPGL2Peer nan;
+    nan.Begin(FormParameters(210, std::nanf(""), 0));
+    // NaN gives 0: landscape writes h = 0 first.
+    EXPECT_BYTES(kStart + "INECQL100PS0,8400IP0,0,0,8400NP256TR0MC0SP0LA2,2,3,2", nan.Bytes());
+    HPGL2Peer negative;
+    negative.Begin(FormParameters(-1e20f, 210, 1));
+    EXPECT_BYTES(
+        kStart + "INECQL100PS-2147483648,8400IP0,0,-2147483648,8400NP256TR0MC0SP0LA2,2,3,2",
+        negative.Bytes());
+}
+
 TEST(JobStart, MarginsAreNotApplied) {
     HPGL2Peer g;
     VRKPrintParameters params = FormParameters(210, 297, 1);
@@ -296,6 +316,26 @@ TEST(CoordinateTransform, OriginOffsetIsAddedBetweenTruncations) {
     g.originOffsetX = -1000.0f;
     g.toPlotterUnits(0.0249f, 0.0f, px, py);
     EXPECT_EQ(px, -1000);
+}
+
+TEST(CoordinateTransform, ValuesBeyondTheIntegersHoldAtTheirLimits) {
+    HPGL2Peer g;
+    int px = 99, py = 99;
+    g.toPlotterUnits(6e7f, -1e30f, px, py);
+    EXPECT_EQ(px, 2147483647);
+    EXPECT_EQ(py, -2147483647 - 1);
+    g.toPlotterUnits(std::numeric_limits<float>::infinity(), std::nanf(""), px, py);
+    EXPECT_EQ(px, 2147483647);
+    EXPECT_EQ(py, 0);
+    // With an offset the sum is truncated again: beyond the int, held at its limit.
+    g.originOffsetX = 1000.0f;
+    g.originOffsetY = -1000.0f;
+    g.toPlotterUnits(1e30f, -1e30f, px, py);
+    EXPECT_EQ(px, 2147483647);
+    EXPECT_EQ(py, -2147483647 - 1);
+    g.toPlotterUnits(1.0f, std::nanf(""), px, py);
+    EXPECT_EQ(px, 1040);
+    EXPECT_EQ(py, -1000);
 }
 
 TEST(CloseEncodedPolyline, WritesSemicolonOnlyWhenOpen) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -48,6 +49,12 @@ TEST(HPGL2Colors, DefineColorWritesPalette) {
     EXPECT_EQ(g.Take(), "PC3,255,127,0");
     g.DefineColor(300, 0.2f, 0.999f, 1.0f);  // no index check
     EXPECT_EQ(g.Take(), "PC300,51,254,255");
+}
+
+TEST(HPGL2Colors, ComponentsBeyondTheIntegersHoldAtTheirLimits) {
+    HPGL2Peer g;
+    g.DefineColor(1, 1e30f, std::nanf(""), -1e30f);
+    EXPECT_EQ(g.Take(), "PC1,9223372036854775807,0,-9223372036854775808");
 }
 
 TEST(HPGL2Colors, DefineColorClosesPolyline) {
@@ -126,6 +133,19 @@ TEST(HPGLJobStart, CentreTruncatesTowardZero) {
     job.g.Begin(FormParameters(100.05f, 50.05f, 1));
     EXPECT_EQ(job.g.Take(), "PU-2001,-1000PR;SP1;");
     EXPECT_EQ(job.g.originX, -2001);
+}
+
+TEST(HPGLJobStart, OriginsOfFormsBeyondTheIntegers) {
+    // A width of -1e20 mm is the int's smallest in plotter units; the right-hand corner's
+    // origin is its negation, held at the int's largest.
+    HPGLJob job(false);
+    job.g.hpglSettings->SetOrigin(3);
+    job.g.Begin(FormParameters(-1e20f, 297, 1));
+    EXPECT_EQ(job.g.Take(), "PU2147483647,0PR;SP1;");
+    HPGLJob centre(false);
+    centre.g.hpglSettings->SetOrigin(0);
+    centre.g.Begin(FormParameters(3e38f, std::nanf(""), 1));
+    EXPECT_EQ(centre.g.Take(), "PU-1073741823,0PR;SP1;");
 }
 
 TEST(HPGLJobStart, WithSP0) {
@@ -401,6 +421,28 @@ TEST(PenTableFile, ShortLastRecord) {
     EXPECT_EQ(job.g.tableThickness[4], 0.4f);
 }
 
+TEST(PenTableFile, ThicknessBeyondThePlotterIsNotTaken) {
+    TableFolder folder;
+    // 3e7 mm is beyond the plotter's 2^30 - 1 units; 26843544 mm is the largest float within.
+    // 1e39 overflows the float: the stream stores the largest float and the reading ends.
+    folder.Write("PenTable", "2 1 2 3 3e7\n3 4 5 6 26843544\n4 7 8 9 -3e7\n5 1 1 1 1e39\n");
+    ScopedEnv tmp("TMPDIR", folder.Dir());
+    ScopedEnv table("HPGL2_PEN_TABLE", "1");
+    HPGLJob job(false);
+    testing::internal::CaptureStdout();
+    job.g.Begin(FormParameters(210, 297, 1));
+    testing::internal::GetCapturedStdout();
+    ASSERT_NE(job.g.tableThickness, nullptr);
+    // The colours are taken; the thickness keeps the table's 0.35 mm.
+    EXPECT_EQ(job.g.tableRed[2], 1.0f);
+    EXPECT_EQ(job.g.tableThickness[2], 0.35f);
+    EXPECT_EQ(job.g.tableThickness[3], 26843544.0f);
+    EXPECT_EQ(job.g.tableRed[4], 7.0f);
+    EXPECT_EQ(job.g.tableThickness[4], 0.35f);
+    EXPECT_EQ(job.g.tableRed[5], 1.0f);
+    EXPECT_EQ(job.g.tableThickness[5], 0.35f);
+}
+
 TEST(PenTableFile, MissingFileLeavesNoTable) {
     TableFolder folder;
     ScopedEnv tmp("TMPDIR", folder.Dir());
@@ -501,6 +543,24 @@ TEST(ColorTableFile, ColoursBeyondTheScaleAreLookedUpInTheFile) {
     EXPECT_EQ(t.PensOf(-1, 0, 0), (std::vector<int>{6}));
     // Pens 32 and 0 are not pens of the table.
     EXPECT_EQ(t.PensOf(255, 0, 0), (std::vector<int>{}));
+}
+
+TEST(ColorTableFile, ComponentsBeyondTheIntegersHoldAtTheirLimits) {
+    TableFolder folder;
+    folder.Write("ColorTable", "2147483647 0 0 7\n-2147483648 0 0 9\n");
+    ScopedEnv tmp("TMPDIR", folder.Dir());
+    ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
+    HPGLJob job(false);
+    testing::internal::CaptureStdout();
+    job.g.Begin(FormParameters(210, 297, 1));
+    testing::internal::GetCapturedStdout();
+    job.g.DefineColor(1, 1e30f, 0, 0);
+    job.g.DefineColor(2, -1e30f, 0, 0);
+    int strokes = 0;
+    float spacing = 0;
+    // Red times 255 is beyond the int either way: held at its limits, which the table names.
+    EXPECT_EQ(job.g.selectPenForColor(1, 0.35f, strokes, spacing), 7);
+    EXPECT_EQ(job.g.selectPenForColor(2, 0.35f, strokes, spacing), 9);
 }
 
 TEST(ColorTableFile, SeveralPensChooseByThickness) {

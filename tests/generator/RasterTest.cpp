@@ -169,6 +169,26 @@ TEST(Raster, PositionAndOriginOffset) {
     EXPECT_EQ(p.g.Take().substr(0, 36), "PU570,795\x1b%1A\x1b*p0P\x1b*r4s2T\x1b*t113h113V");
 }
 
+TEST(Raster, PositionAndSizesBeyondTheIntegersHoldAtTheirLimits) {
+    Plot p;
+    VRKPixelImage* image = Grey(4, 2, {0, 0, 0, 0, 0, 0, 0, 0});
+    image->SetPixelSize(1.0f, 2.0f);
+    p.g.DrawBitmap(1e30f, -1e30f, 0, image);
+    image->Release();
+    const std::string far =
+        "PU9223372036854775807,-9223372036854775808\x1b%1A\x1b*p0P\x1b*r4s2T\x1b*t113h113V";
+    EXPECT_BYTES(far, p.g.Take().substr(0, far.size()));
+    // Pixels of infinite size: one tile per pixel, each as large as a long long allows.
+    VRKPixelImage* huge = Grey(1, 1, {0});
+    huge->SetPixelSize(3e38f, 3e38f);
+    p.g.DrawBitmap(0, 0, 0, huge);
+    huge->Release();
+    const std::string large =
+        "PU9223372036854775807,0\x1b%1A\x1b*p0P\x1b*r1s1T"
+        "\x1b*t9223372036854775807h9223372036854775807V";
+    EXPECT_BYTES(large, p.g.Take().substr(0, large.size()));
+}
+
 TEST(Raster, TransparencyModes) {
     const unsigned char rgba[] = {1, 2, 3, 0, 4, 5, 6, 255};
     const unsigned char rgb[] = {1, 2, 3, 4, 5, 6};

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <numbers>
 #include <string>
 
@@ -135,6 +136,57 @@ TEST(HPGLLines, StrokesInRelativeMode) {
               "PU-400,-4PD400,0");
     EXPECT_EQ(p.g.originX, 800);
     EXPECT_EQ(p.g.originY, 396);
+}
+
+TEST(HPGLLines, StrokesBetweenFarPoints) {
+    // The direction comes from differences that do not fit an int.
+    PenPlot p(false);
+    p.g.strokeCount = 2;
+    p.g.strokeSpacing = 4.0f;
+    p.g.MoveTo(-3e7f, 10);
+    p.g.LineTo(3e7f, 10);
+    EXPECT_EQ(p.g.Take(),
+              "PU-1200000000,400"
+              "PU-1200000000,404PD1200000000,404"
+              "PU-1200000000,400PD1200000000,400"
+              "PU-1200000000,396PD1200000000,396");
+}
+
+TEST(HPGLLines, StrokesOfInfiniteSpacingHoldAtTheIntegerLimits) {
+    PenPlot p(false);
+    p.g.strokeCount = 2;
+    p.g.strokeSpacing = std::numeric_limits<float>::infinity();
+    p.g.MoveTo(10, 10);
+    p.g.LineTo(20, 10);
+    // Along -x: sin is a hair above 0, so the offsets across are infinite both ways and held at
+    // the int's limits; the centre stroke (0 times infinity, NaN) is offset by 0.
+    EXPECT_EQ(p.g.Take(),
+              "PU400,400"
+              "PU2147484048,2147484047PD2147484448,2147484047"
+              "PU400,400PD800,400"
+              "PU-2147483247,-2147483248PD-2147482847,-2147483248");
+}
+
+TEST(PolylineEncoded, PairsBetweenFarPointsAreWrittenWhole) {
+    HPGL2Peer g;
+    g.MoveTo(-3e7f, 0);  // -1,200,000,000 units
+    g.LineTo(3e7f, 0);   // +2,400,000,000 from there: more than an int holds
+    EXPECT_BYTES(
+        "PE=<@_PBN\xC1\xBF"
+        "??bE]\xC3\xBF",
+        g.Take());
+    EXPECT_EQ(g.lastEncodedX, 1200000000);
+    // Coordinates held at the int's limits, and a move from one corner to the other.
+    g.MoveTo(1e30f, -1e30f);
+    g.LineTo(-1e30f, 1e30f);
+    EXPECT_BYTES(
+        "<}^m{o\xC0"
+        "@????\xC3"
+        "~~~~~\xC6"
+        "}~~~~\xC6",
+        g.Take());
+    EXPECT_EQ(g.lastEncodedX, -2147483647 - 1);
+    EXPECT_EQ(g.lastEncodedY, 2147483647);
 }
 
 TEST(PolyBezier, ThreePointsWriteNothing) {

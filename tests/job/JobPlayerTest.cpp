@@ -269,6 +269,67 @@ TEST(JobPlayerErrors, NumbersBeyondTheFloatRange) {
               "JOB:2: LineTo: '-1e400' is beyond the range of a float");
 }
 
+// Lengths and coordinates must fit the plotter: 2^30 - 1 plotter units of 0.025 mm either way,
+// that is at most 26843544 mm as a float.
+const std::string kBeyond = "' is beyond the plotter's range (at most 26843544 mm either way)";
+
+TEST(JobPlayerErrors, CoordinatesBeyondThePlotter) {
+    EXPECT_EQ(errorOfLine("MoveTo 6e7 1"), "JOB:2: MoveTo: '6e7" + kBeyond);
+    EXPECT_EQ(errorOfLine("LineTo 1 -26843546"), "JOB:2: LineTo: '-26843546" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawText 10 1e12 \"x\""), "JOB:2: DrawText: '1e12" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawPolyline 2 0 0 1e8 0"), "JOB:2: DrawPolyline: '1e8" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawPolygon 1 -3e38 0"), "JOB:2: DrawPolygon: '-3e38" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawPolyBezier 1 0 3e7"), "JOB:2: DrawPolyBezier: '3e7" + kBeyond);
+    EXPECT_EQ(errorOfLine("FillArea 1 3 0 0 1e8 0 0 1"), "JOB:2: FillArea: '1e8" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawArcCircle 3e7 0 1 0 1 0"), "JOB:2: DrawArcCircle: '3e7" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawArcEllipse 0 3e7 1 1 0 1 0 0"),
+              "JOB:2: DrawArcEllipse: '3e7" + kBeyond);
+    // Checked before the bitmap is read.
+    EXPECT_EQ(errorOfLine("DrawBitmap 0 1e9 \"missing.png\""), "JOB:2: DrawBitmap: '1e9" + kBeyond);
+}
+
+TEST(JobPlayerErrors, LengthsBeyondThePlotter) {
+    EXPECT_EQ(errorOfLine("SetDrawWidth 3e38"), "JOB:2: SetDrawWidth: '3e38" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawArcCircle 0 0 1e8 0 1 0"), "JOB:2: DrawArcCircle: '1e8" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawArcEllipse 0 0 1 -3e7 0 1 0 0"),
+              "JOB:2: DrawArcEllipse: '-3e7" + kBeyond);
+    EXPECT_EQ(errorOfLine("DrawBitmap 0 0 \"missing.png\" 1e8 1"),
+              "JOB:2: DrawBitmap: '1e8" + kBeyond);
+    EXPECT_EQ(errorOfLine("SetLineStyle 5 1e8"), "JOB:2: SetLineStyle: '1e8" + kBeyond);
+    EXPECT_EQ(errorOfLine("SetLineStyle 5 10 1 1e8"), "JOB:2: SetLineStyle: '1e8" + kBeyond);
+    // The text size (kind 2) is a length; the other kinds are not.
+    EXPECT_EQ(errorOfLine("SetTextAttribute 2 1e8"), "JOB:2: SetTextAttribute: '1e8" + kBeyond);
+    EXPECT_EQ(errorOf("Begin width=3e38\nEnd\n"), "JOB:1: Begin: width: '3e38" + kBeyond);
+    EXPECT_EQ(errorOf("Begin height=1e9\nEnd\n"), "JOB:1: Begin: height: '1e9" + kBeyond);
+    EXPECT_EQ(errorOf("Begin margins=0,0,0,3e7\nEnd\n"), "JOB:1: Begin: margins: '3e7" + kBeyond);
+    EXPECT_EQ(errorOf("Begin\nStartNewPage width=26843546\nEnd\n"),
+              "JOB:2: StartNewPage: width: '26843546" + kBeyond);
+}
+
+TEST(JobPlayer, LengthsUpToThePlotterRange) {
+    // 26843545 becomes the float 26843544; angles, colours and enumeration values are no lengths.
+    EXPECT_EQ(play("Begin width=26843544 margins=0,0,0,26843544\n"
+                   "MoveTo 26843544 -26843544\nLineTo -26843545 0\n"
+                   "DrawArcCircle 0 0 1 1e30 -1e30 0\n"
+                   "SetTextAttribute 7 1e38\nSetTextAttribute 6 -1e30\nEnd\n"),
+              "Begin w=26843544 h=297 o=1 r=0 c=0 m=0,0,0,26843544 t=0\n"
+              "MoveTo 26843544 -26843544\nLineTo -26843544 0\n"
+              "DrawArcCircle 0 0 1 1e+30 -1e+30 0\n"
+              "SetTextAttribute 7 1e+38\nSetTextAttribute 6 -1e+30\nEnd\n");
+}
+
+// An out-of-range value in a run of common lines stops the run there: the general path reports
+// it, and the line's call is not made.
+TEST(JobPlayerCommonLines, CoordinateBeyondThePlotterInARun) {
+    EXPECT_EQ(
+        play("Begin\nMoveTo 1 2\nLineTo 3 4\nLineTo 6e7 4\nLineTo 5 6\nEnd\n"),
+        kBeginDefaults + "MoveTo 1 2\nLineTo 3 4\nerror: JOB:4: LineTo: '6e7" + kBeyond + "\n");
+    EXPECT_EQ(play("Begin\nLineTo 3 4\nFillArea 1 3 0 0 10 0 0 -1e9\nEnd\n"),
+              kBeginDefaults + "LineTo 3 4\nerror: JOB:3: FillArea: '-1e9" + kBeyond + "\n");
+    EXPECT_EQ(play("Begin\nLineTo 3 4\nDrawArcCircle 0 0 3e7 0 1 0\nEnd\n"),
+              kBeginDefaults + "LineTo 3 4\nerror: JOB:3: DrawArcCircle: '3e7" + kBeyond + "\n");
+}
+
 TEST(JobPlayerErrors, NotAnInteger) {
     EXPECT_EQ(errorOfLine("SelectDrawColor 1.5"),
               "JOB:2: SelectDrawColor: '1.5' is not an integer");
@@ -842,7 +903,8 @@ TEST(JobPlayerCommonLines, NumbersNearTheMidpointOfTwoFloats) {
                           midpoint);
             job += std::string("LineTo ") + text + " -" + text + "\n";
         }
-        // Plain random numbers: up to 19 digits, any number of them after the point.
+        // Plain random numbers: up to 19 digits, any number of them after the point. Most lie
+        // beyond the plotter's range, which a coordinate must not; an angle takes them all.
         std::uniform_int_distribution<int> count(1, 19);
         const int n = count(random);
         std::string number;
@@ -850,7 +912,7 @@ TEST(JobPlayerCommonLines, NumbersNearTheMidpointOfTwoFloats) {
             number += static_cast<char>('0' + random() % 10);
         }
         number.insert(random() % (n + 1), ".");
-        job += "MoveTo " + number + " 1\n";
+        job += "DrawArcCircle 0 0 1 " + number + " 1 0\n";
     }
     job += "End\n";
     const std::string expected = lexedCalls(job);

@@ -321,6 +321,22 @@ TEST(DomForm, TextAsFirstChildHidesThePens) {
     EXPECT_EQ(PenTable(*g.Record()).red[2], 255.0f);
 }
 
+TEST(DomForm, NumbersBeyondTheirRangeKeepTheirFields) {
+    HPGL2Made a;
+    a.Record()->SetQuality(61);
+    ParsedDom quality("<Printer Type=\"HPGL2\" quality=\"99999999999999999999\"/>");
+    EXPECT_EQ(a.settings->ReadFromDOM(quality.root), S_OK);
+    EXPECT_EQ(a.Record()->GetQuality(), 61);
+    HPGLMade g;
+    ParsedDom pens(
+        "<HPGLProperties><pens><pen number=\"4294967297\" red=\"9\"/>"
+        "<pen number=\"2\" red=\"nan\" width=\"1e9\"/></pens></HPGLProperties>");
+    EXPECT_EQ(g.settings->ReadFromDOM(pens.root), S_OK);
+    EXPECT_EQ(PenTable(*g.Record()).red[1], 0.0f);
+    EXPECT_EQ(PenTable(*g.Record()).red[2], 255.0f);
+    EXPECT_EQ(PenTable(*g.Record()).width[2], 0.35f);
+}
+
 TEST(DomForm, NullElementFailsEveryDomOperation) {
     const VRKIDOMElementRef none;
     HPGL2Made a;

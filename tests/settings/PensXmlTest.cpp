@@ -152,6 +152,66 @@ TEST(PensXml, NumbersOutsideTheTableAreIgnored) {
     EXPECT_EQ(t.enable, d.enable);
 }
 
+TEST(PensXml, NumbersBeyondTheIntAreSkipped) {
+    Owned<VRKPrintHPGLProperties> r;
+    ASSERT_EQ(ReadPens("<pens><pen number=\"4294967297\" red=\"1\"/><pen number=\"1e9\" red=\"2\"/>"
+                       "<pen number=\"-4294967295\" red=\"3\"/>"
+                       "<pen number=\"99999999999999999999\" red=\"4\"/>"
+                       "<pen number=\"3.2e1\" red=\"5\"/></pens>",
+                       *r),
+              S_OK);
+    Owned<VRKPrintHPGLProperties> fresh;
+    const PenTable t(*r);
+    const PenTable d(*fresh);
+    EXPECT_EQ(t.count, 32);
+    EXPECT_EQ(t.red, d.red);
+    EXPECT_EQ(t.width, d.width);
+    EXPECT_EQ(t.enable, d.enable);
+}
+
+TEST(PensXml, NumberWithAnExponent) {
+    Owned<VRKPrintHPGLProperties> r;
+    ASSERT_EQ(ReadPens("<pens><pen number=\"1e1\" red=\"1\"/><pen number=\"2.5e0\" red=\"2\"/>"
+                       "</pens>",
+                       *r),
+              S_OK);
+    const PenTable t(*r);
+    EXPECT_EQ(t.red[10], 1.0f);
+    EXPECT_EQ(t.red[2], 2.0f);
+    EXPECT_EQ(t.red[1], 0.0f);
+}
+
+TEST(PensXml, ComponentsThatAreNotFiniteOrBeyondKeepTheirValues) {
+    Owned<VRKPrintHPGLProperties> r;
+    ASSERT_EQ(ReadPens("<pens><pen number=\"2\" red=\"nan\" green=\"inf\" blue=\"-infinity\" "
+                       "width=\"NAN\" enable=\"NO\"/>"
+                       "<pen number=\"3\" red=\"1e39\" green=\"-1e400\" blue=\"1e300\" "
+                       "width=\"3e7\"/>"
+                       "<pen number=\"4\" red=\"1\" width=\"-26843546\"/>"
+                       "<pen number=\"5\" red=\"3e38\" green=\"1e-400\" width=\"26843544\"/>"
+                       "</pens>",
+                       *r),
+              S_OK);
+    Owned<VRKPrintHPGLProperties> fresh;
+    const PenTable t(*r);
+    const PenTable d(*fresh);
+    for (const std::size_t pen : {2u, 3u}) {
+        EXPECT_EQ(t.red[pen], d.red[pen]) << pen;
+        EXPECT_EQ(t.green[pen], d.green[pen]) << pen;
+        EXPECT_EQ(t.blue[pen], d.blue[pen]) << pen;
+        EXPECT_EQ(t.width[pen], d.width[pen]) << pen;
+    }
+    // The rest of such a pen is read.
+    EXPECT_EQ(t.enable[2], 0);
+    EXPECT_EQ(t.red[4], 1.0f);
+    EXPECT_EQ(t.width[4], d.width[4]);
+    // The largest float and the largest width within the plotter's range are taken; a value too
+    // small for a double is 0.
+    EXPECT_EQ(t.red[5], 3e38f);
+    EXPECT_EQ(t.green[5], 0.0f);
+    EXPECT_EQ(t.width[5], 26843544.0f);
+}
+
 TEST(PensXml, CountIsNeverLowered) {
     Owned<VRKPrintHPGLProperties> r;
     ASSERT_EQ(

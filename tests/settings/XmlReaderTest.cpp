@@ -119,6 +119,37 @@ TEST(XmlReaderHPGL2, QualityIsADecimalNumberOrZero) {
     }
 }
 
+TEST(XmlReaderHPGL2, QualityBeyondTheIntKeepsTheField) {
+    for (const char* text : {"99999999999999999999", "2147483648", "-2147483649", "  +4294967296x",
+                             "1e10", "-3e38", "1e400"}) {
+        Owned<VRKPrintHPGL2Properties> r;
+        r->SetQuality(61);
+        ASSERT_EQ(ReadHPGL2(std::string("<HPGL2Properties quality=\"") + text + "\"/>", *r), S_OK);
+        EXPECT_EQ(r->GetQuality(), 61) << text;
+    }
+}
+
+TEST(XmlReaderHPGL2, QualityAtTheLimitsOfTheIntAndWithAnExponent) {
+    const std::vector<std::pair<std::string, int>> cases = {
+        {"2147483647", 2147483647},
+        {"-2147483648", -2147483647 - 1},
+        {"000000000000042", 42},
+        {"5e1", 50},  // an exponent is part of the number
+        {"2.5E1", 25},
+        {"7e-1", 0},
+        {"-2147483648.9", -2147483647 - 1},
+        {"1e", 1},
+        {"3e+x", 3},
+        {".5", 0},
+        {"1e-400", 0}};
+    for (const auto& [text, value] : cases) {
+        Owned<VRKPrintHPGL2Properties> r;
+        r->SetQuality(61);
+        ASSERT_EQ(ReadHPGL2("<HPGL2Properties quality=\"" + text + "\"/>", *r), S_OK);
+        EXPECT_EQ(r->GetQuality(), value) << text;
+    }
+}
+
 TEST(XmlReaderHPGL2, TypeStaysAsItWas) {
     Owned<VRKPrintHPGL2Properties> r;
     r->SetType(1);

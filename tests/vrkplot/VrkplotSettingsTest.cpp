@@ -154,6 +154,25 @@ TEST_F(Vrkplot, UnknownValuesAndMissingAttributesAreNotErrors) {
     EXPECT_EQ(Run({"a4.job", "-l", "HP4000GL2", "--settings", "odd.xml"}), 0) << err;
 }
 
+TEST_F(Vrkplot, SettingsNumbersBeyondTheirRangeKeepTheirValues) {
+    folder.Write("big.xml", "<HPGL2Properties quality=\"99999999999999999999\"/>");
+    EXPECT_EQ(Run({"settings", "-l", "HPGL2", "--settings", "big.xml"}), 0) << err;
+    EXPECT_NE(out.find("quality=\"100\""), std::string::npos) << out;
+    // Pen "4294967297" does not wrap round to pen 1; pen 2's colour and width are no numbers
+    // a plotter can take.
+    folder.Write("pens.xml",
+                 "<HPGLProperties><pens><pen number=\"4294967297\" red=\"9\" width=\"1\"/>"
+                 "<pen number=\"2\" red=\"nan\" green=\"inf\" width=\"1e9\"/></pens>"
+                 "</HPGLProperties>");
+    EXPECT_EQ(Run({"settings", "-l", "HPGL", "--settings", "pens.xml"}), 0) << err;
+    EXPECT_NE(out.find("<pen number=\"1\" red=\"0\" green=\"0\" blue=\"0\" width=\"0.35\""),
+              std::string::npos)
+        << out;
+    EXPECT_NE(out.find("<pen number=\"2\" red=\"255\" green=\"0\" blue=\"0\" width=\"0.35\""),
+              std::string::npos)
+        << out;
+}
+
 TEST_F(Vrkplot, SaveSettingsWritesWhatTheJobsUsed) {
     Job("a4.job", "Begin\nEnd\n");
     folder.Write("in.xml",

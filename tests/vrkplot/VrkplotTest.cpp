@@ -86,6 +86,25 @@ TEST_F(Vrkplot, UnknownVerbOnLineThree) {
     EXPECT_EQ(folder.Listing(), "bad.job\n");
 }
 
+TEST_F(Vrkplot, ValuesBeyondThePlotterLeaveNoPlot) {
+    const std::string beyond = "' is beyond the plotter's range (at most 26843544 mm either way)\n";
+    Job("far.job", "Begin\nMoveTo 1 1\nMoveTo 6e7 1\nLineTo 1 1\nEnd\n");
+    Job("text.job", "Begin\nDrawText 10 1e12 \"x\"\nEnd\n");
+    Job("wide.job", "Begin width=3e38\nEnd\n");
+    Job("width.job", "Begin\nSetDrawWidth 3e38\nMoveTo 0 0\nLineTo 10 10\nEnd\n");
+    for (const char* language : {"HPGL2", "HPGL", "HP1000GL2", "HP4000GL2"}) {
+        EXPECT_EQ(Run({"far.job", "-l", language, "-o", "out.plt"}), 2) << language;
+        EXPECT_EQ(err, "far.job:3: MoveTo: '6e7" + beyond) << language;
+        EXPECT_EQ(Run({"text.job", "-l", language, "-o", "out.plt"}), 2) << language;
+        EXPECT_EQ(err, "text.job:2: DrawText: '1e12" + beyond) << language;
+        EXPECT_EQ(Run({"wide.job", "-l", language, "-o", "out.plt"}), 2) << language;
+        EXPECT_EQ(err, "wide.job:1: Begin: width: '3e38" + beyond) << language;
+        EXPECT_EQ(Run({"width.job", "-l", language, "-o", "out.plt"}), 2) << language;
+        EXPECT_EQ(err, "width.job:2: SetDrawWidth: '3e38" + beyond) << language;
+    }
+    EXPECT_EQ(folder.Listing(), "far.job\ntext.job\nwide.job\nwidth.job\n");
+}
+
 TEST_F(Vrkplot, ExistingOutputIsUntouchedOnError) {
     Job("bad.job", "Begin\nMoveTo 1 2\n");
     folder.Write("bad.plt", "an older plot");
