@@ -18,6 +18,9 @@
 #include "host/core/VRKMarshalBuffer.h"
 #include "host/core/VRKMarshallableCorba.h"
 #include "host/core/VRKUnmarshalErrorLog.h"
+#include "properties/VRKPrintHP1055CProperties.h"
+#include "properties/VRKPrintHPGL2Properties.h"
+#include "properties/VRKPrintHPGLProperties.h"
 
 namespace {
 
@@ -47,6 +50,18 @@ void ReadObjects(int buffer) {
     }
 }
 
+// A new record of the class kRecords[index] names, with its defaults.
+VRKSmartRef<VRKBaseUnknown> NewRecord(unsigned index) {
+    switch (index) {
+        case 0:
+            return VRKSmartRef<VRKBaseUnknown>::Adopt(new VRKPrintHPGLProperties);
+        case 1:
+            return VRKSmartRef<VRKBaseUnknown>::Adopt(new VRKPrintHPGL2Properties);
+        default:
+            return VRKSmartRef<VRKBaseUnknown>::Adopt(new VRKPrintHP1055CProperties);
+    }
+}
+
 // Reads with the marshaller of one record class: `mode` picks the class, the creation flag and
 // whether a record is given to read over.
 void ReadWithMarshaller(int buffer, unsigned mode) {
@@ -60,11 +75,7 @@ void ReadWithMarshaller(int buffer, unsigned mode) {
     }
     VRKSmartRef<VRKBaseUnknown> record;
     if (overExisting) {
-        record =
-            VRKSmartRef<VRKBaseUnknown>::Adopt(VRKClassDictionary::Instance().Create(className));
-        if (!record) {
-            vrkfuzz::Broken(std::string("cannot create a ") + className);
-        }
+        record = NewRecord(mode % 3);
     }
     VRKBaseUnknown* result = marshaller->Unmarshal(buffer, record.get(), creationFlag);
     // A new record belongs to the caller; a record given is returned as it was given.

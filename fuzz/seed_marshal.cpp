@@ -19,8 +19,9 @@ namespace {
 // The target's first byte: below 128 whole objects; 128 + class + 3 * flag + 9 * over-existing
 // reads with one record's marshaller (classes in the order HP-GL, HP-GL/2, DesignJet 1000).
 constexpr unsigned char kWholeObjects = 0;
-unsigned char Direct(int recordClass, int creationFlag) {
-    return static_cast<unsigned char>(128 + recordClass + 3 * creationFlag);
+unsigned char Direct(int recordClass, int creationFlag, bool overExisting = false) {
+    return static_cast<unsigned char>(128 + recordClass + 3 * creationFlag +
+                                      (overExisting ? 9 : 0));
 }
 
 bool Save(const std::string& path, unsigned char mode, int buffer) {
@@ -71,7 +72,8 @@ int main(int argc, char** argv) {
     bool ok = Write(folder, "hpgl", {hpgl.get()}, {kWholeObjects, Direct(0, 2)});
     ok = Write(folder, "hpgl2", {hpgl2.get()}, {kWholeObjects, Direct(1, 2)}) && ok;
     ok = Write(folder, "designjet", {designJet.get()}, {kWholeObjects, Direct(2, 2)}) && ok;
-    ok = Write(folder, "designjet-changed", {changed.get()}, {kWholeObjects}) && ok;
+    ok = Write(folder, "designjet-changed", {changed.get()}, {kWholeObjects, Direct(2, 2, true)}) &&
+         ok;
     // The same record twice: the second copy is a back reference.
     ok = Write(folder, "twice", {hpgl2.get(), hpgl2.get(), hpgl.get()}, {kWholeObjects}) && ok;
     if (!ok) {
