@@ -1,0 +1,74 @@
+// Jobs whose forms or coordinates lie beyond the plotter's integer range, found by the fuzz target
+// `job` (fuzz/regressions/job/, the file name beside each). The generators convert them to plotter
+// units in an int, which overflows: undefined behaviour that the sanitizer build reports. The test
+// is disabled until the generators handle such values; then it runs, and under
+// scripts/test-sanitize.sh it fails while any of them still overflows.
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <sstream>
+#include <string>
+
+#include "host/core/VRKClassDictionary.h"
+#include "host/core/VRKPrintFileGenerator.h"
+#include "host/core/VRKPrintMemoryStream.h"
+#include "host/core/VRKSmartRef.h"
+#include "host/job/VRKJobPlayer.h"
+
+namespace {
+
+struct OutOfRangeJob {
+    const char* reproducer;
+    const char* language;
+    const char* job;
+    // The line of the value beyond the range: a job that is refused is refused there.
+    int line;
+};
+
+const OutOfRangeJob kJobs[] = {
+    {"form-width-beyond-int-hpgl2", "HPGL2", "Begin width=111111119\nEnd\n", 1},
+    {"form-width-beyond-int-hpgl", "HPGL", "Begin width=210214748\nEnd\n", 1},
+    {"form-height-beyond-int-hpgl", "HPGL", "Begin height=210214748\nEnd\n", 1},
+    {"x-beyond-int", "HPGL2", "Begin\nDrawPolyline 2 0 0 1e20 9\nEnd\n", 2},
+    {"y-beyond-int", "HPGL2", "Begin\nDrawPolyline 2 0 0 9 1e20\nEnd\n", 2},
+    {"text-x-beyond-int", "HPGL2", "Begin\nDrawText 221474836 0 \"\"\nEnd\n", 2},
+};
+
+// The reproducer's name in test output, instead of the bytes of the struct.
+void PrintTo(const OutOfRangeJob& job, std::ostream* out) {
+    *out << job.reproducer;
+}
+
+class JobOutOfRange : public testing::TestWithParam<OutOfRangeJob> {};
+
+TEST_P(JobOutOfRange, DISABLED_IsPlayedOrRefusedAtItsLine) {
+    const OutOfRangeJob& c = GetParam();
+    const VRKClassEntry* entry = VRKClassDictionary::Instance().FindLanguage(c.language);
+    ASSERT_NE(entry, nullptr);
+    auto object = VRKSmartRef<VRKBaseUnknown>::Adopt(entry->factory());
+    auto* generator = dynamic_cast<VRKPrintFileGenerator*>(object.get());
+    ASSERT_NE(generator, nullptr);
+    VRKPrintMemoryStream stream;
+    generator->Attach(&stream);
+    VRKJobPlayer player(*generator);
+    std::istringstream in(c.job);
+    const bool played = player.Play(in, "JOB", "");
+    generator->Attach(nullptr);
+    if (!played) {
+        EXPECT_EQ(player.GetError().line, c.line) << player.GetError().ToString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(FuzzRegressions, JobOutOfRange, testing::ValuesIn(kJobs),
+                         [](const testing::TestParamInfo<OutOfRangeJob>& info) {
+                             std::string name = info.param.reproducer;
+                             for (char& ch : name) {
+                                 if (ch == '-') {
+                                     ch = '_';
+                                 }
+                             }
+                             return name;
+                         });
+
+}  // namespace
