@@ -337,6 +337,23 @@ TEST(SelectPenForColor, WithoutTablesGivesPenZero) {
     EXPECT_EQ(spacing, 0.0f);
 }
 
+// fuzz/regressions/pentables/pen-thinner-than-a-plotter-unit: a pen far thinner than a plotter
+// unit draws a wide line as 100000 parallel strokes, closer together than the plotter can place
+// them, on every chord of a curve: the fuzz target's drawing then takes minutes. Disabled until
+// the count is bounded by what the plotter can draw, a stroke a plotter unit across the line.
+TEST(SelectPenForColor, DISABLED_PenThinnerThanAPlotterUnitDrawsAStrokeAPlotterUnitAtMost) {
+    HPGLJob job(false);
+    SetPens(job.g, {{0, 0, 0, 1e-30f}});
+    job.g.Begin(FormParameters(210, 297, 1));
+    job.g.DefineColor(1, 0, 0, 0);
+    int strokes = 0;
+    float spacing = 0;
+    EXPECT_EQ(job.g.selectPenForColor(1, 2.5f, strokes, spacing), 1);
+    // 2.5 mm are 100 plotter units: 101 strokes one unit apart at most.
+    EXPECT_LE(strokes, 101);
+    EXPECT_GE(spacing, 1.0f);
+}
+
 TEST(PenTableFile, RecordsOverrideAndBadOnesAreIgnored) {
     TableFolder folder;
     folder.Write("PenTable",
