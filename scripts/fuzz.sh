@@ -7,7 +7,9 @@
 #
 #   scripts/fuzz.sh [SECONDS]
 #
-# The seed corpora in fuzz/corpus/ are never written to: each run fuzzes a scratch copy.
+# The seed corpora in fuzz/corpus/ are never written to: each run fuzzes a scratch copy. The inputs
+# of earlier findings in fuzz/regressions/TARGET/ are run too, and fail the run as any finding
+# does.
 #
 # A finding listed in fuzz/known-findings.txt (one whose fix is under way) does not fail the run:
 # it is reported as known, and the target goes on fuzzing past it (libFuzzer's fork mode).
@@ -92,6 +94,15 @@ for target in "${targets[@]}"; do
     status=$?
   stats=$(grep -E '^#[0-9]+:' "$log" | tail -1 || true)
   echo "fuzz: $target: $(($(date +%s) - start))s, ${stats:-no statistics}"
+
+  # The inputs of earlier findings (fuzz/regressions/TARGET/) are copied beside the new ones:
+  # each is a finding again until its fix is in.
+  for input in fuzz/regressions/"$target"/*; do
+    [ -f "$input" ] || continue
+    if ! "$bin/fuzz_$target" "${limits[@]}" "$input" >/dev/null 2>&1; then
+      cp "$input" "$findings/$target/regression-$(basename "$input")"
+    fi
+  done
 
   # Each reproducer once more, alone, for its full report (FILE.report), grouped by fault.
   declare -A count=() first=() detail=()
