@@ -23,7 +23,7 @@
 namespace {
 
 // Colours near and far from the default pens, widths from below a plotter unit to several pens
-// wide, outlines, fills with both rules, an arc and a curve.
+// wide, outlines, fills with both rules, an arc and curves.
 constexpr const char* kDrawing =
     "Begin width=420 height=297 orientation=0\n"
     "DefineColor 1 0 0 0\n"
@@ -42,6 +42,9 @@ constexpr const char* kDrawing =
     "SelectDrawColor 4\n"
     "DrawArcCircle 150 100 30 0 4 0\n"
     "DrawPolyBezier 4 10 100 40 150 70 50 100 100\n"
+    "SetDrawWidth 5\n"
+    "SelectDrawColor 1\n"
+    "DrawPolyBezier 7 20 200 60 290 100 110 140 200 180 290 220 110 260 200\n"
     "SelectFillColor 5\n"
     "FillArea 1 4 200 20 260 20 260 80 200 80\n"
     "SetPolygonFillRule 1\n"
