@@ -33,6 +33,12 @@ const OutOfRangeJob kJobs[] = {
     {"x-beyond-int", "HPGL2", "Begin\nDrawPolyline 2 0 0 1e20 9\nEnd\n", 2},
     {"y-beyond-int", "HPGL2", "Begin\nDrawPolyline 2 0 0 9 1e20\nEnd\n", 2},
     {"text-x-beyond-int", "HPGL2", "Begin\nDrawText 221474836 0 \"\"\nEnd\n", 2},
+    // The integer the overflowing conversion leaves is then subtracted from: a signed overflow.
+    {"difference-of-overflowed-units", "HP1000GL2",
+     "Begin\nDrawArcCircle 121836472 5 2 0 5 0\nDrawArcCircle 9 0 2 5 5 0\nEnd\n", 2},
+    // Hatched in the HP-GL dialect, an area 2e38 mm high takes scan lines without end.
+    {"hatch-over-2e38-mm", "HPGL", "Begin\nSelectFillColor 1\nFillArea 1 3 0 0 10 2e38 20 0\nEnd\n",
+     3},
 };
 
 // The reproducer's name in test output, instead of the bytes of the struct.
