@@ -17,7 +17,7 @@
 #include "host/core/VRKPrintGenerator.h"
 #include "host/core/VRKSmartRef.h"
 
-// Helpers shared by the fuzz targets.
+// What the fuzz targets share.
 namespace vrkfuzz {
 
 // A folder of the process's own in the system's temporary directory, made on first use and
