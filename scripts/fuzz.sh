@@ -48,8 +48,9 @@ trap 'rm -rf "$work"' EXIT
 # crashed.
 export TMPDIR=$work
 
-# The pattern of fuzz/known-findings.txt that a finding's signature matches, or nothing. Lines
-# are "TARGET REGEX" (an extended regular expression); '#' starts a comment.
+# The pattern of fuzz/known-findings.txt that a finding's signature (FAULT | ERROR | FRAMES, the
+# three below) matches, or nothing. Lines are "TARGET REGEX" (an extended regular expression);
+# '#' starts a comment.
 known_finding() {
   local target=$1 signature=$2 name pattern
   [ -f "$known" ] || return 0
@@ -72,6 +73,15 @@ fault_of() {
   frame=$(grep -m1 -oE ' in [^ ].* /[^ ]*/(host|generator|designjet|hpgl|properties|marshal)/[^ ]+' \
     "$report" | sed -E 's#^ in ##; s# /[^ ]*/((host|generator|designjet|hpgl|properties|marshal)/)# \1#' || true)
   echo "${what}${frame:+ (at ${frame})}"
+}
+
+# The functions of the project's own frames in a report's first stack, innermost first, joined by
+# " < ": where a timeout was, wherever in it the alarm went off.
+frames_of() {
+  awk '/^ *#[0-9]+ / { seen = 1 } seen && !/^ *#[0-9]+ / { exit } { print }' "$1" |
+    grep -E ' /[^ ]*/(host|generator|designjet|hpgl|properties|marshal)/' |
+    sed -E -e 's/^ *#[0-9]+ 0x[0-9a-f]+ in //' -e 's/\(anonymous namespace\):://g' \
+      -e 's/\(.*//' -e 's/.*:://' | paste -sd '<' - | sed 's/</ < /g'
 }
 
 failed=0
@@ -108,7 +118,7 @@ for target in "${targets[@]}"; do
   done
 
   # Each reproducer once more, alone, for its full report (FILE.report), grouped by fault.
-  declare -A count=() first=() detail=()
+  declare -A count=() first=() detail=() frames=()
   reproducers=0
   for reproducer in "$findings/$target"/*; do
     [[ -f $reproducer && $reproducer != *.report ]] || continue
@@ -122,6 +132,7 @@ for target in "${targets[@]}"; do
     if [ -z "${first[$fault]:-}" ]; then
       first[$fault]=$reproducer
       detail[$fault]=$(grep -m1 -E 'runtime error|ERROR: ' "$report" || true)
+      frames[$fault]=$(frames_of "$report")
     fi
   done
   if [ $reproducers -eq 0 ] && [ $status -ne 0 ]; then
@@ -130,7 +141,7 @@ for target in "${targets[@]}"; do
   fi
   for fault in "${!count[@]}"; do
     reproducer=${first[$fault]}
-    if [ -n "$(known_finding "$target" "$fault | ${detail[$fault]}")" ]; then
+    if [ -n "$(known_finding "$target" "$fault | ${detail[$fault]} | ${frames[$fault]}")" ]; then
       echo "fuzz: $target: known finding, ${count[$fault]} input(s): $fault"
       echo "      e.g. $reproducer"
     else
@@ -140,7 +151,7 @@ for target in "${targets[@]}"; do
       failed=1
     fi
   done
-  unset count first detail
+  unset count first detail frames
 done
 
 if [ $failed -ne 0 ]; then
