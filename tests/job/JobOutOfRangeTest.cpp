@@ -30,6 +30,10 @@ const OutOfRangeJob kJobs[] = {
     {"form-width-beyond-int-hpgl2", "HPGL2", "Begin width=111111119\nEnd\n", 1},
     {"form-width-beyond-int-hpgl", "HPGL", "Begin width=210214748\nEnd\n", 1},
     {"form-height-beyond-int-hpgl", "HPGL", "Begin height=210214748\nEnd\n", 1},
+    {"form-height-beyond-int-hpgl2", "HPGL2", "Begin height=2921474836477\nEnd\n", 1},
+    // The strokes of a line far wider than any pen lie beyond the range, across the line.
+    {"stroke-offset-beyond-int", "HPGL",
+     "Begin\nSetDrawWidth 1e30\nMoveTo 0 0\nLineTo 10 10\nEnd\n", 4},
     {"x-beyond-int", "HPGL2", "Begin\nDrawPolyline 2 0 0 1e20 9\nEnd\n", 2},
     {"y-beyond-int", "HPGL2", "Begin\nDrawPolyline 2 0 0 9 1e20\nEnd\n", 2},
     {"text-x-beyond-int", "HPGL2", "Begin\nDrawText 221474836 0 \"\"\nEnd\n", 2},
