@@ -135,13 +135,26 @@ void VRKPrintHPGL2Generator::selectPen(int pen) {
     }
 }
 
+namespace {
+
+constexpr double kPlotterUnitMillimetres = 0.025;
+
+}  // namespace
+
 void VRKPrintHPGL2Generator::matchWidth(int pen, float width, int& strokes, float& spacing) const {
     strokes = 1;
     spacing = 0.0f;
     const float t = tableThickness[pen];
     // A pen thinner than the line draws it as parallel strokes. A pen of no thickness cannot.
     if (t > 0.0f && t < width && std::fabs(t - width) > 0.01) {
-        const double count = 2 * (width / t + 1.05);
+        double count = 2 * (width / t + 1.05);
+        // A pen thinner than a plotter unit would get strokes closer together than the plotter
+        // can tell apart, up to hundreds of thousands drawing the same line again: it gets as
+        // many strokes as the units the width spans, and no more. Real pens keep their count.
+        if (t < kPlotterUnitMillimetres) {
+            const double span = std::fabs(static_cast<double>(t) - width) * 40;
+            count = std::max(std::min(count, std::floor(span) + 1), 2.0);
+        }
         strokes = VRKSaturatingTrunc<int>(std::min(count, 100000.0));
         spacing = std::fabs(t - width) * 40 / static_cast<float>(strokes - 1);
     }

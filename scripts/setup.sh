@@ -23,6 +23,8 @@ packages=(
   libpugixml-dev
   # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
   libplot-dev linux-perf
+  # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
+  clang libclang-rt-14-dev
 )
 
 missing=()

@@ -357,6 +357,29 @@ TEST(SelectPenForColor, WithoutTablesGivesPenZero) {
     EXPECT_EQ(spacing, 0.0f);
 }
 
+// fuzz/regressions/pentables/pen-thinner-than-a-plotter-unit: a pen far thinner than a plotter
+// unit drew a wide line as 100000 parallel strokes, closer together than the plotter can place
+// them. It gets a stroke for each plotter unit the width spans.
+TEST(SelectPenForColor, PenThinnerThanAPlotterUnitDrawsAStrokeAPlotterUnit) {
+    HPGLJob job(false);
+    SetPens(job.g, {{0, 0, 0, 1e-30f}, {0, 0, 0, 0.02f}, {0, 0, 0, 0.025f}});
+    job.g.Begin(FormParameters(210, 297, 1));
+    int strokes = 0;
+    float spacing = 0;
+    job.g.matchWidth(1, 2.5f, strokes, spacing);
+    // 2.5 mm are 100 plotter units: 101 strokes one unit apart.
+    EXPECT_EQ(strokes, 101);
+    EXPECT_EQ(spacing, 1.0f);
+    job.g.matchWidth(2, 0.5f, strokes, spacing);
+    // 0.48 mm are 19.2 units: 20 strokes.
+    EXPECT_EQ(strokes, 20);
+    EXPECT_FLOAT_EQ(spacing, 19.2f / 19);
+    // A pen of one plotter unit keeps the count of every real pen: 2 * (20 + 1.05) = 42.
+    job.g.matchWidth(3, 0.5f, strokes, spacing);
+    EXPECT_EQ(strokes, 42);
+    EXPECT_FLOAT_EQ(spacing, 19.0f / 41);
+}
+
 TEST(PenTableFile, RecordsOverrideAndBadOnesAreIgnored) {
     TableFolder folder;
     folder.Write("PenTable",

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstddef>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -340,6 +342,49 @@ TEST(PngReaderOpenFile, SmallImagesAreReadWhole) {
     Image missing(VRKPngReader::OpenFile(folder.File("none.png"), error));
     EXPECT_EQ(missing, nullptr);
     EXPECT_NE(error, "");
+}
+
+#if defined(__SANITIZE_ADDRESS__)
+// AddressSanitizer calls a hook on every allocation (the declaration of its public interface,
+// which GCC does not ship as a header). The largest allocation while `watching` is set.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(const volatile void*,
+                                                                          std::size_t),
+                                                         void (*onFree)(const volatile void*));
+std::atomic<bool> watching{false};
+std::atomic<std::size_t> largestAllocation{0};
+void onMalloc(const volatile void* /*block*/, std::size_t size) {
+    if (watching.load() && size > largestAllocation.load()) {
+        largestAllocation.store(size);
+    }
+}
+void onFree(const volatile void* /*block*/) {}
+#endif
+
+// fuzz/regressions/png/itxt-chunk-of-128-mib: a 69-byte file whose text chunk says it is
+// 134217737 bytes long makes libpng allocate that much before it finds the file too short (a
+// chunk's length can say up to 2 GiB). The reader skips such chunks unread. The allocations are
+// watched through AddressSanitizer, so the test runs in the sanitizer build
+// (scripts/test-sanitize.sh).
+TEST(PngReader, ChunkTakesNoMemoryOnTheWordOfItsLength) {
+#if !defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the allocations are watched through AddressSanitizer";
+#else
+    static const bool hooked = __sanitizer_install_malloc_and_free_hooks(onMalloc, onFree) != 0;
+    ASSERT_TRUE(hooked);
+    std::string png = TestPng::kSignature + TestPng::Header(32, 32, 8, kRGBA);
+    TestPng::PutBig32(png, 134217737u);
+    png += "iTXt";
+    png += std::string("\0\0\x0f\xa0\0\0\x0f\xa0\x01", 9);
+    largestAllocation = 0;
+    watching = true;
+    std::string error;
+    Image image(VRKPngReader::ReadMemory(png.data(), png.size(), error));
+    watching = false;
+    EXPECT_EQ(image, nullptr);
+    EXPECT_EQ(error, "the file ends before the image does");
+    // The image would take 4 KiB; nothing comes near the 128 MiB the chunk claims.
+    EXPECT_LT(largestAllocation.load(), std::size_t{1} << 20);
+#endif
 }
 
 }  // namespace

@@ -71,6 +71,7 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     using VRKPrintHPGL2Generator::readColorTable;
     using VRKPrintHPGL2Generator::tableRed;
     using VRKPrintHPGL2Generator::tableThickness;
+    using VRKPrintHPGL2Generator::matchWidth;
     using VRKPrintHPGL2Generator::textAngleOffset;
     using VRKPrintHPGL2Generator::textSize;
     using VRKPrintHPGL2Generator::textSlant;
