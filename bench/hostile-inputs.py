@@ -148,6 +148,19 @@ def cases(folder):
     out.append(("colour table of 16 MB, 100 changes", "colors.job", ["-l", "HPGL"],
                 {"HPGL2_COLOR_TABLE": "1", "TMPDIR": tables + "/"}, 0, None))
 
+    # Values whose plotter units do not fit the plotter's range.
+    for i, (line, language) in enumerate([("MoveTo 6e7 1", "HPGL2"), ('DrawText 10 1e12 "x"', "HPGL2"),
+                                          ("SetDrawWidth 3e38", "HPGL")]):
+        write(folder, "range%d.job" % i, lambda line=line: "Begin\n%s\nEnd\n" % line)
+        out.append(("range: " + line, "range%d.job" % i, ["-l", language], {}, 2,
+                    "is beyond the plotter's range"))
+    write(folder, "range-form.job", lambda: "Begin width=3e38\nEnd\n")
+    out.append(("range: Begin width=3e38", "range-form.job", ["-l", "HP1000GL2"], {}, 2,
+                "is beyond the plotter's range"))
+    write(folder, "outline.job", lambda: "Begin textAsGeometry=1\nSetTextAttribute 7 1e38\n"
+          'DrawText 10 10 "x"\nEnd\n')
+    out.append(("text attribute 7 of 1e38", "outline.job", ["-l", "HPGL2"], {}, 0, None))
+
     # A fill of 3,000 random vertices, hatched by a pen plotter.
     points = " ".join("%.3f %.3f" % (rng.uniform(10, 200), rng.uniform(10, 280))
                       for _ in range(3000))
