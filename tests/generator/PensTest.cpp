@@ -43,6 +43,28 @@ class TableFolder {
     std::string dir_;
 };
 
+// An HP-GL job started with `text` as its table file `name` (PenTable or ColorTable), the
+// environment variable `variable` set; the lines the table prints at the start are swallowed.
+struct TableJob {
+    TableJob(const char* name, const char* variable, const std::string& text)
+        : table(variable, "1") {
+        folder.Write(name, text);
+        testing::internal::CaptureStdout();
+        job.g.Begin(FormParameters(210, 297, 1));
+        testing::internal::GetCapturedStdout();
+    }
+    std::vector<int> PensOf(int red, int green, int blue) {
+        std::vector<int> pens;
+        job.g.readColorTable(red, green, blue, pens);
+        return pens;
+    }
+    // In this order: the folder is the temporary directory before the job starts.
+    TableFolder folder;
+    ScopedEnv tmp{"TMPDIR", folder.Dir()};
+    ScopedEnv table;
+    HPGLJob job{false};
+};
+
 TEST(HPGL2Colors, DefineColorWritesPalette) {
     HPGL2Peer g;
     g.DefineColor(3, 1.0f, 0.5f, 0.0f);
@@ -414,56 +436,39 @@ TEST(PenTableFile, RecordsOverrideAndBadOnesAreIgnored) {
 }
 
 TEST(PenTableFile, MalformedRecordEndsTheReading) {
-    TableFolder folder;
-    folder.Write("PenTable", "2 1 2 3 0.4\n5 x 0 0 0.3\n6 9 9 9 0.9\n");
-    ScopedEnv tmp("TMPDIR", folder.Dir());
-    ScopedEnv table("HPGL2_PEN_TABLE", "1");
-    HPGLJob job(false);
-    testing::internal::CaptureStdout();
-    job.g.Begin(FormParameters(210, 297, 1));
-    testing::internal::GetCapturedStdout();
-    EXPECT_EQ(job.g.tableRed[2], 1.0f);
+    TableJob t("PenTable", "HPGL2_PEN_TABLE", "2 1 2 3 0.4\n5 x 0 0 0.3\n6 9 9 9 0.9\n");
+    HPGL2Peer& g = t.job.g;
+    EXPECT_EQ(g.tableRed[2], 1.0f);
     // "5 x": the pen is read, red fails; the record is still stored with what was left, then the
     // reading ends. Pen 6 is never read.
-    EXPECT_EQ(job.g.tableThickness[5], 0.4f);
-    EXPECT_EQ(job.g.tableThickness[6], 0.35f);
+    EXPECT_EQ(g.tableThickness[5], 0.4f);
+    EXPECT_EQ(g.tableThickness[6], 0.35f);
 }
 
 TEST(PenTableFile, ShortLastRecord) {
-    TableFolder folder;
-    folder.Write("PenTable", "2 1 2 3 0.4\n4 7 8");
-    ScopedEnv tmp("TMPDIR", folder.Dir());
-    ScopedEnv table("HPGL2_PEN_TABLE", "1");
-    HPGLJob job(false);
-    testing::internal::CaptureStdout();
-    job.g.Begin(FormParameters(210, 297, 1));
-    testing::internal::GetCapturedStdout();
-    EXPECT_EQ(job.g.tableRed[4], 7.0f);
-    EXPECT_EQ(job.g.tableGreen[4], 8.0f);
-    EXPECT_EQ(job.g.tableBlue[4], 3.0f);  // left from the record before
-    EXPECT_EQ(job.g.tableThickness[4], 0.4f);
+    TableJob t("PenTable", "HPGL2_PEN_TABLE", "2 1 2 3 0.4\n4 7 8");
+    HPGL2Peer& g = t.job.g;
+    EXPECT_EQ(g.tableRed[4], 7.0f);
+    EXPECT_EQ(g.tableGreen[4], 8.0f);
+    EXPECT_EQ(g.tableBlue[4], 3.0f);  // left from the record before
+    EXPECT_EQ(g.tableThickness[4], 0.4f);
 }
 
 TEST(PenTableFile, ThicknessBeyondThePlotterIsNotTaken) {
-    TableFolder folder;
     // 3e7 mm is beyond the plotter's 2^30 - 1 units; 26843544 mm is the largest float within.
     // 1e39 overflows the float: the stream stores the largest float and the reading ends.
-    folder.Write("PenTable", "2 1 2 3 3e7\n3 4 5 6 26843544\n4 7 8 9 -3e7\n5 1 1 1 1e39\n");
-    ScopedEnv tmp("TMPDIR", folder.Dir());
-    ScopedEnv table("HPGL2_PEN_TABLE", "1");
-    HPGLJob job(false);
-    testing::internal::CaptureStdout();
-    job.g.Begin(FormParameters(210, 297, 1));
-    testing::internal::GetCapturedStdout();
-    ASSERT_NE(job.g.tableThickness, nullptr);
+    TableJob t("PenTable", "HPGL2_PEN_TABLE",
+               "2 1 2 3 3e7\n3 4 5 6 26843544\n4 7 8 9 -3e7\n5 1 1 1 1e39\n");
+    HPGL2Peer& g = t.job.g;
+    ASSERT_NE(g.tableThickness, nullptr);
     // The colours are taken; the thickness keeps the table's 0.35 mm.
-    EXPECT_EQ(job.g.tableRed[2], 1.0f);
-    EXPECT_EQ(job.g.tableThickness[2], 0.35f);
-    EXPECT_EQ(job.g.tableThickness[3], 26843544.0f);
-    EXPECT_EQ(job.g.tableRed[4], 7.0f);
-    EXPECT_EQ(job.g.tableThickness[4], 0.35f);
-    EXPECT_EQ(job.g.tableRed[5], 1.0f);
-    EXPECT_EQ(job.g.tableThickness[5], 0.35f);
+    EXPECT_EQ(g.tableRed[2], 1.0f);
+    EXPECT_EQ(g.tableThickness[2], 0.35f);
+    EXPECT_EQ(g.tableThickness[3], 26843544.0f);
+    EXPECT_EQ(g.tableRed[4], 7.0f);
+    EXPECT_EQ(g.tableThickness[4], 0.35f);
+    EXPECT_EQ(g.tableRed[5], 1.0f);
+    EXPECT_EQ(g.tableThickness[5], 0.35f);
 }
 
 TEST(PenTableFile, MissingFileLeavesNoTable) {
@@ -527,29 +532,8 @@ TEST(ColorTableFile, SeparatorRule) {
     EXPECT_FALSE(job.g.tableReader.is_open());
 }
 
-// An HP-GL job started with `table` as its colour table file; the line the table prints at the
-// start is swallowed.
-struct ColorTableJob {
-    explicit ColorTableJob(const std::string& table) {
-        folder.Write("ColorTable", table);
-        testing::internal::CaptureStdout();
-        job.g.Begin(FormParameters(210, 297, 1));
-        testing::internal::GetCapturedStdout();
-    }
-    std::vector<int> PensOf(int red, int green, int blue) {
-        std::vector<int> pens;
-        job.g.readColorTable(red, green, blue, pens);
-        return pens;
-    }
-    // In this order: the folder is the temporary directory before the job starts.
-    TableFolder folder;
-    ScopedEnv tmp{"TMPDIR", folder.Dir()};
-    ScopedEnv colors{"HPGL2_COLOR_TABLE", "1"};
-    HPGLJob job{false};
-};
-
 TEST(ColorTableFile, IsReadOnceAtJobStart) {
-    ColorTableJob t("255 0 0 3\n0 255 0 5\n255 0 0 7\n");
+    TableJob t("ColorTable", "HPGL2_COLOR_TABLE", "255 0 0 3\n0 255 0 5\n255 0 0 7\n");
     // What the file says once the job has started does not count.
     t.folder.Write("ColorTable", "255 0 0 9\n");
     EXPECT_EQ(t.PensOf(255, 0, 0), (std::vector<int>{3, 7}));  // file order
@@ -560,7 +544,7 @@ TEST(ColorTableFile, IsReadOnceAtJobStart) {
 }
 
 TEST(ColorTableFile, ColoursBeyondTheScaleAreLookedUpInTheFile) {
-    ColorTableJob t("510 0 0 4\n-1 0 0 6\n255 0 0 32\n255 0 0 0\n");
+    TableJob t("ColorTable", "HPGL2_COLOR_TABLE", "510 0 0 4\n-1 0 0 6\n255 0 0 32\n255 0 0 0\n");
     EXPECT_TRUE(t.job.g.colorTableRecords.empty());
     EXPECT_EQ(t.PensOf(510, 0, 0), (std::vector<int>{4}));
     EXPECT_EQ(t.PensOf(-1, 0, 0), (std::vector<int>{6}));
@@ -569,21 +553,15 @@ TEST(ColorTableFile, ColoursBeyondTheScaleAreLookedUpInTheFile) {
 }
 
 TEST(ColorTableFile, ComponentsBeyondTheIntegersHoldAtTheirLimits) {
-    TableFolder folder;
-    folder.Write("ColorTable", "2147483647 0 0 7\n-2147483648 0 0 9\n");
-    ScopedEnv tmp("TMPDIR", folder.Dir());
-    ScopedEnv colors("HPGL2_COLOR_TABLE", "1");
-    HPGLJob job(false);
-    testing::internal::CaptureStdout();
-    job.g.Begin(FormParameters(210, 297, 1));
-    testing::internal::GetCapturedStdout();
-    job.g.DefineColor(1, 1e30f, 0, 0);
-    job.g.DefineColor(2, -1e30f, 0, 0);
+    TableJob t("ColorTable", "HPGL2_COLOR_TABLE", "2147483647 0 0 7\n-2147483648 0 0 9\n");
+    HPGL2Peer& g = t.job.g;
+    g.DefineColor(1, 1e30f, 0, 0);
+    g.DefineColor(2, -1e30f, 0, 0);
     int strokes = 0;
     float spacing = 0;
     // Red times 255 is beyond the int either way: held at its limits, which the table names.
-    EXPECT_EQ(job.g.selectPenForColor(1, 0.35f, strokes, spacing), 7);
-    EXPECT_EQ(job.g.selectPenForColor(2, 0.35f, strokes, spacing), 9);
+    EXPECT_EQ(g.selectPenForColor(1, 0.35f, strokes, spacing), 7);
+    EXPECT_EQ(g.selectPenForColor(2, 0.35f, strokes, spacing), 9);
 }
 
 TEST(ColorTableFile, SeveralPensChooseByThickness) {
