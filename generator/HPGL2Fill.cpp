@@ -21,7 +21,7 @@ void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, co
         }
         // Without a pen of the table the hatch of every piece draws nothing: the pieces need
         // not be made.
-        if (currentPen < 1 || currentPen >= penCount || tableThickness == nullptr) {
+        if (!currentPenHatches()) {
             return;
         }
         // The hatch is even-odd: reduce the non-zero area to even-odd pieces first.

@@ -37,10 +37,10 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
         return;
     }
     // Pen 0 and pens outside the table have no width to hatch with, and no ink.
-    const int pen = currentPen;
-    if (pen < 1 || pen >= penCount || tableThickness == nullptr) {
+    if (!currentPenHatches()) {
         return;
     }
+    const int pen = currentPen;
     if (GetFillMode() == 2) {
         FillPatternPolygon(nbPolygons, nbPoints, points);
         return;

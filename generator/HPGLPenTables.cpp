@@ -130,6 +130,11 @@ bool isComponent(int value) {
     return value >= 0 && value <= 255;
 }
 
+// Orders packed records by their colour alone, the pen bits left out.
+bool colorBefore(std::uint32_t a, std::uint32_t b) {
+    return a >> kPenBits < b >> kPenBits;
+}
+
 std::uint32_t packedColor(int red, int green, int blue) {
     return static_cast<std::uint32_t>(red) << 16 | static_cast<std::uint32_t>(green) << 8 |
            static_cast<std::uint32_t>(blue);
@@ -159,17 +164,14 @@ void VRKPrintHPGL2Generator::loadColorTable() {
                                         static_cast<std::uint32_t>(pen));
         }
     });
-    std::stable_sort(
-        colorTableRecords.begin(), colorTableRecords.end(),
-        [](std::uint32_t a, std::uint32_t b) { return a >> kPenBits < b >> kPenBits; });
+    std::stable_sort(colorTableRecords.begin(), colorTableRecords.end(), colorBefore);
 }
 
 void VRKPrintHPGL2Generator::readColorTable(int red, int green, int blue, std::vector<int>& pens) {
     if (isComponent(red) && isComponent(green) && isComponent(blue)) {
         const std::uint32_t key = packedColor(red, green, blue);
         const auto [first, last] = std::equal_range(
-            colorTableRecords.begin(), colorTableRecords.end(), key << kPenBits,
-            [](std::uint32_t a, std::uint32_t b) { return a >> kPenBits < b >> kPenBits; });
+            colorTableRecords.begin(), colorTableRecords.end(), key << kPenBits, colorBefore);
         for (auto record = first; record != last; ++record) {
             pens.push_back(static_cast<int>(*record & ((1u << kPenBits) - 1)));
         }

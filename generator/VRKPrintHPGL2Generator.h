@@ -167,6 +167,11 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
     void scanLineFill(int nbPolygons, const int* nbPoints, const float* points);
+    // True when the current pen is one of the table, with a width to hatch with: pen 0 and pens
+    // outside the table draw no hatch.
+    bool currentPenHatches() const {
+        return currentPen >= 1 && currentPen < penCount && tableThickness != nullptr;
+    }
     // True when a hatch span between two different crossings lies within one plotter unit.
     bool spanBelowPlotterUnit(float x0, float x1, float y) const;
     // One image or tile: PU to its right-hand edge, PCL raster, back to HP-GL/2.

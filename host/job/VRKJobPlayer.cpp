@@ -799,7 +799,8 @@ bool VRKJobPlayer::DoDrawBitmap() {
         char size[64];
         std::snprintf(size, sizeof size, "%.0f mm x %.0f mm", width, height);
         return Fail("DrawBitmap: the image " + VRKJobLexer::Quote(path) + " would be " + size +
-                    " at its pixel size; an image may be at most 100 m on either side");
+                    " at its pixel size; an image may be at most " +
+                    std::to_string(static_cast<int>(kMaxImageExtent / 1000)) + " m on either side");
     }
     generator_.DrawBitmap(x, y, 0, image);
     image->Release();
