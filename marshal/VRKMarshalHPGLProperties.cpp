@@ -53,19 +53,20 @@ int VRKMarshalHPGLProperties::Marshal(int bufferId, int creationFlag) {
     if (record == nullptr) {
         return 0;
     }
-    ExportMarshalBuffer(bufferId, record->penCount, kValueLength);
-    ExportMarshalBuffer(bufferId, record->origin, kValueLength);
-    ExportMarshalBuffer(bufferId, record->relativeMovePen, kValueLength);
-    ExportMarshalBuffer(bufferId, record->printThickness, kValueLength);
-    // A count above 32 can only come from a caller that has already written past the arrays with
-    // SetPens; only the slots that exist are read, and the unmarshaller refuses the count.
-    const int pens = std::min(record->penCount, VRKPrintHPGLProperties::kPenSlots);
-    for (int i = 0; i < pens; ++i) {
-        ExportMarshalBuffer(bufferId, record->red[i], kValueLength);
-        ExportMarshalBuffer(bufferId, record->green[i], kValueLength);
-        ExportMarshalBuffer(bufferId, record->blue[i], kValueLength);
-        ExportMarshalBuffer(bufferId, record->width[i], kValueLength);
-        ExportMarshalBuffer(bufferId, record->enable[i], kValueLength);
+    const VRKPenTable& table = record->GetPenTable();
+    ExportMarshalBuffer(bufferId, table.Count(), kValueLength);
+    ExportMarshalBuffer(bufferId, record->GetOrigin(), kValueLength);
+    ExportMarshalBuffer(bufferId, record->GetRelativeMovePen(), kValueLength);
+    ExportMarshalBuffer(bufferId, record->GetPrintThickness(), kValueLength);
+    // A count above 32 can only come from a caller's error; only the slots that exist are
+    // written, and the unmarshaller refuses the count.
+    for (int i = 0; i < table.UsedSlots(); ++i) {
+        const VRKPen& pen = table.Slots()[i];
+        ExportMarshalBuffer(bufferId, pen.red, kValueLength);
+        ExportMarshalBuffer(bufferId, pen.green, kValueLength);
+        ExportMarshalBuffer(bufferId, pen.blue, kValueLength);
+        ExportMarshalBuffer(bufferId, pen.width, kValueLength);
+        ExportMarshalBuffer(bufferId, pen.enable, kValueLength);
     }
     VRKMakeMarshalEnd(kRecordClass, record, bufferId);
     return 0;
@@ -85,9 +86,10 @@ VRKBaseUnknown* VRKMarshalHPGLProperties::Unmarshal(int bufferId, VRKBaseUnknown
         return nullptr;
     }
 
-    // The arrays have 32 slots and are never reallocated, so a stream that counts more pens (or
-    // fewer than none) is refused before anything of the record changes.
-    int count = record->penCount;
+    // The table has 32 slots, so a stream that counts more pens (or fewer than none) is refused
+    // before anything of the record changes.
+    VRKPenTable table = record->GetPenTable();
+    int count = table.Count();
     ImportMarshalBuffer(bufferId, &count, kValueLength);
     if (count < 0 || count > VRKPrintHPGLProperties::kPenSlots) {
         std::printf("Unmarshal VRKPrintHPGLProperties: pen count %d outside 0 to 32\n", count);
@@ -99,17 +101,25 @@ VRKBaseUnknown* VRKMarshalHPGLProperties::Unmarshal(int bufferId, VRKBaseUnknown
         }
         return nullptr;
     }
-    record->penCount = count;
-    ImportMarshalBuffer(bufferId, &record->origin, kValueLength);
-    ImportMarshalBuffer(bufferId, &record->relativeMovePen, kValueLength);
-    ImportMarshalBuffer(bufferId, &record->printThickness, kValueLength);
+    table.SetCount(count);
+    int origin = record->GetOrigin();
+    int relativeMovePen = record->GetRelativeMovePen();
+    int printThickness = record->GetPrintThickness();
+    ImportMarshalBuffer(bufferId, &origin, kValueLength);
+    ImportMarshalBuffer(bufferId, &relativeMovePen, kValueLength);
+    ImportMarshalBuffer(bufferId, &printThickness, kValueLength);
     for (int i = 0; i < count; ++i) {
-        ImportMarshalBuffer(bufferId, &record->red[i], kValueLength);
-        ImportMarshalBuffer(bufferId, &record->green[i], kValueLength);
-        ImportMarshalBuffer(bufferId, &record->blue[i], kValueLength);
-        ImportMarshalBuffer(bufferId, &record->width[i], kValueLength);
-        ImportMarshalBuffer(bufferId, &record->enable[i], kValueLength);
+        VRKPen& pen = table.Slots()[i];
+        ImportMarshalBuffer(bufferId, &pen.red, kValueLength);
+        ImportMarshalBuffer(bufferId, &pen.green, kValueLength);
+        ImportMarshalBuffer(bufferId, &pen.blue, kValueLength);
+        ImportMarshalBuffer(bufferId, &pen.width, kValueLength);
+        ImportMarshalBuffer(bufferId, &pen.enable, kValueLength);
     }
+    record->SetPenTable(table);
+    record->SetOrigin(origin);
+    record->SetRelativeMovePen(relativeMovePen);
+    record->SetPrintThickness(printThickness);
     VRKMakeUnmarshalEnd(bufferId);
     return record;
 }

@@ -9,15 +9,6 @@
 
 namespace {
 
-// Reads the pen arrays of a record directly, past the pen count.
-struct HPGLPeer : VRKPrintHPGLProperties {
-    using VRKPrintHPGLProperties::blue;
-    using VRKPrintHPGLProperties::enable;
-    using VRKPrintHPGLProperties::green;
-    using VRKPrintHPGLProperties::red;
-    using VRKPrintHPGLProperties::width;
-};
-
 template <class T>
 struct Ref {
     T* p = new T;
@@ -150,7 +141,7 @@ TEST(HPGLProperties, Defaults) {
 }
 
 TEST(HPGLProperties, SetPensWithEightLeavesTheRestButCopiesEight) {
-    Ref<HPGLPeer> r;
+    Ref<VRKPrintHPGLProperties> r;
     std::array<float, 32> red, green, blue, width;
     std::array<int, 32> enable;
     for (int i = 0; i < 32; ++i) {
@@ -164,14 +155,14 @@ TEST(HPGLProperties, SetPensWithEightLeavesTheRestButCopiesEight) {
     EXPECT_EQ(r->GetPenCount(), 8);
 
     // Entries 8 to 31 keep their defaults in the record.
-    const HPGLPeer* peer = r.p;
+    const VRKPenTable& table = r->GetPenTable();
     for (int i = 8; i < 32; ++i) {
         SCOPED_TRACE(i);
-        EXPECT_EQ(peer->red[i], 0.0f);
-        EXPECT_EQ(peer->green[i], 0.0f);
-        EXPECT_EQ(peer->blue[i], 0.0f);
-        EXPECT_EQ(peer->width[i], 0.35f);
-        EXPECT_EQ(peer->enable[i], 0);
+        EXPECT_EQ(table.Slots()[i].red, 0.0f);
+        EXPECT_EQ(table.Slots()[i].green, 0.0f);
+        EXPECT_EQ(table.Slots()[i].blue, 0.0f);
+        EXPECT_EQ(table.Slots()[i].width, 0.35f);
+        EXPECT_EQ(table.Slots()[i].enable, 0);
     }
 
     // The getters copy 8 entries and leave the rest of the caller's arrays alone.

@@ -81,20 +81,16 @@ struct PenTable {
     }
 };
 
-// Reads the pen arrays of a record directly, all 32 entries, past the pen count (through pointers
-// to the protected members, so that no record has to be of this class).
-struct PenArrays : VRKPrintHPGLProperties {
-    static float Red(const VRKPrintHPGLProperties& r, int i) { return (r.*(&PenArrays::red))[i]; }
-    static float Green(const VRKPrintHPGLProperties& r, int i) {
-        return (r.*(&PenArrays::green))[i];
+// Reads the pens of a record, all 32 slots, past the pen count.
+struct PenArrays {
+    static const VRKPen& Pen(const VRKPrintHPGLProperties& r, int i) {
+        return r.GetPenTable().Slots()[static_cast<size_t>(i)];
     }
-    static float Blue(const VRKPrintHPGLProperties& r, int i) { return (r.*(&PenArrays::blue))[i]; }
-    static float Width(const VRKPrintHPGLProperties& r, int i) {
-        return (r.*(&PenArrays::width))[i];
-    }
-    static int Enable(const VRKPrintHPGLProperties& r, int i) {
-        return (r.*(&PenArrays::enable))[i];
-    }
+    static float Red(const VRKPrintHPGLProperties& r, int i) { return Pen(r, i).red; }
+    static float Green(const VRKPrintHPGLProperties& r, int i) { return Pen(r, i).green; }
+    static float Blue(const VRKPrintHPGLProperties& r, int i) { return Pen(r, i).blue; }
+    static float Width(const VRKPrintHPGLProperties& r, int i) { return Pen(r, i).width; }
+    static int Enable(const VRKPrintHPGLProperties& r, int i) { return Pen(r, i).enable; }
 };
 
 // Fills every pen array of a record with one set of values for all 32 slots, count included.
