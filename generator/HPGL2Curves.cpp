@@ -18,8 +18,8 @@ constexpr double kTwoPi = 2.0 * std::numbers::pi;
 constexpr double kRadiansToDegrees = 180.0 / std::numbers::pi;
 
 // Largest extent an SC scaling may have: user units must stay within 23 bits.
-constexpr double kLargestScale = 8388607.0;
-constexpr double kReducedScale = 8000000.0;
+constexpr float kLargestScale = 8388607.0f;
+constexpr float kReducedScale = 8000000.0f;
 // Curves larger than this (millimetres) are left to the host.
 constexpr float kLargestRadius = 10000.0f;
 
@@ -189,22 +189,25 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
     closeEncodedPolyline();
 
     // Unequal radii: a circle of the larger radius drawn in a user scale that shrinks one axis by
-    // the ratio of the radii. Which plotter axis that is depends on the page rotation.
+    // the ratio of the radii. Which plotter axis that is depends on the page rotation. The scale
+    // is worked out in float, one rounding per step, as the plotter files this generator has
+    // always written were computed: the stretched extent is (page extent * larger radius) /
+    // smaller radius, and the centre is multiplied by the float ratio.
     const bool stretched = rx != ry;
     const bool rySmaller = ry < rx;
+    const float larger = rySmaller ? rx : ry;
+    const float smaller = rySmaller ? ry : rx;
     // Equal radii stretch nothing: no division for the circles among the ellipses.
-    const double ratio = !stretched  ? 1.0
-                         : rySmaller ? static_cast<double>(rx) / ry
-                                     : static_cast<double>(ry) / rx;
+    const float ratio = stretched ? larger / smaller : 1.0f;
     const bool uprightPage = pageRotation == 0.0f || pageRotation == 180.0f;
     // Stretch y when the smaller radius is ry on an upright page, or rx on a turned one.
     const bool stretchY = rySmaller == uprightPage;
-    double scaleX = pageWidth, scaleY = pageHeight;
-    double centreX = cx, centreY = cy;
-    if (stretchY) {
-        scaleY *= ratio;
-    } else {
-        scaleX *= ratio;
+    float scaleX = pageWidth, scaleY = pageHeight;
+    float centreX = cx, centreY = cy;
+    if (stretched && stretchY) {
+        scaleY = pageHeight * larger / smaller;
+    } else if (stretched) {
+        scaleX = pageWidth * larger / smaller;
     }
     const auto writeScale = [&s](double x, double y) {
         s.Write("SC0,");
@@ -215,9 +218,9 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
     };
 
     if (filled == 0) {
-        double radius = std::min(rx, ry);
+        float radius = std::min(rx, ry);
         if (stretched) {
-            radius = std::max(rx, ry);
+            radius = larger;
             if (stretchY) {
                 centreY *= ratio;
             } else {
@@ -225,9 +228,9 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
             }
             // Keep the stretched extent within 23 bits: scale page, centre and radius down
             // together so that it comes to 8,000,000.
-            const double extent = stretchY ? scaleY : scaleX;
+            const float extent = stretchY ? scaleY : scaleX;
             if (extent > kLargestScale) {
-                const double factor = kReducedScale / ratio / (stretchY ? pageHeight : pageWidth);
+                const float factor = kReducedScale / ratio / (stretchY ? pageHeight : pageWidth);
                 scaleX *= factor;
                 scaleY *= factor;
                 centreX *= factor;

@@ -405,17 +405,6 @@ TEST(Ellipses, TallEllipseSwapsTheAxes) {
               "SC0,8400.00,0,11880.00,1;");
 }
 
-TEST(Ellipses, ScaleStaysWithin23Bits) {
-    HPGL2Peer g;
-    g.Begin(FormParameters(210, 297, 1));
-    g.Take();
-    g.DrawArcEllipse(10, 10, 1000, 1, 0, kTwoPi, 0, 0);
-    // 11880 * 1000 is above 8388607: everything scaled by 8000000 / 1000 / 11880.
-    EXPECT_EQ(g.Take(),
-              "SC0,5656.57,0,8000000.00,0;PU27205.39,269360.27PD;AA269.36,269360.27,360.00,.5"
-              "SC0,8400.00,0,11880.00,1;");
-}
-
 TEST(Ellipses, FilledWithOtherPen) {
     HPGL2Peer g;
     g.Begin(FormParameters(210, 297, 1));
