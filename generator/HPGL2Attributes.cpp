@@ -5,6 +5,7 @@
 #include <string>
 
 #include "generator/HPGL2Encoding.h"
+#include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/core/VRKSaturatingTrunc.h"
@@ -77,8 +78,7 @@ void VRKPrintHPGL2Generator::DrvSetLineCap(VRKPrintLineAttribute cap) {
         default:
             break;
     }
-    out().Write("LA1,");
-    out().WriteInt(kind);
+    HPGL2Writer::LineAttribute(out(), 1, kind);
 }
 
 void VRKPrintHPGL2Generator::DrvSetLineJoin(VRKPrintLineAttribute join) {
@@ -101,8 +101,7 @@ void VRKPrintHPGL2Generator::DrvSetLineJoin(VRKPrintLineAttribute join) {
         default:
             break;
     }
-    out().Write("LA2,");
-    out().WriteInt(kind);
+    HPGL2Writer::LineAttribute(out(), 2, kind);
 }
 
 // The line type only decides whether ellipses may be drawn natively; no LT is ever written, so
@@ -216,22 +215,19 @@ void VRKPrintHPGL2Generator::DrvSetTextAttribute(VRKPrintTextAttribute kind, flo
             break;
         case 5:  // slant, degrees
             // The plotter leans characters the other way round from the host, hence the sign.
-            s.Write("SL");
             // Near a quarter turn the tangent leaves the int: held at its limits.
-            s.WriteFloat(VRKSaturatingTrunc<int>(std::tan(value * kPi / 180) * -100) / 100.0);
+            HPGL2Writer::Slant(s,
+                               VRKSaturatingTrunc<int>(std::tan(value * kPi / 180) * -100) / 100.0);
             textSlant = value;
             break;
         case 6: {  // direction, degrees, turned with the page
             const double a = (value + textAngleOffset) * kPi / 180;
-            s.Write("DI");
-            s.WriteFloat(VRKSaturatingTrunc<int>(std::cos(a) * 100) / 100.0);
-            s.Put(',');
-            s.WriteFloat(VRKSaturatingTrunc<int>(std::sin(a) * 100) / 100.0);
+            HPGL2Writer::Direction(s, VRKSaturatingTrunc<int>(std::cos(a) * 100) / 100.0,
+                                   VRKSaturatingTrunc<int>(std::sin(a) * 100) / 100.0);
             break;
         }
         case 7:  // anchor
-            s.Write("LO");
-            s.WriteInt(labelOrigin(v));
+            HPGL2Writer::LabelOrigin(s, labelOrigin(v));
             break;
         default:
             break;
@@ -261,22 +257,15 @@ void VRKPrintHPGL2Generator::DrvDrawText(float x, float y, const VRKUnicodeStrin
     VRKPrintStream& s = out();
     if (fontChanged != 0) {
         fontChanged = 0;
-        // Symbol set 14 (ISO 8859-1), then the spacing and its size.
-        s.Write("SD1,14,2,");
         if (textTypeface == 3 && textSize > 0.0f) {
             // Fixed spacing: pitch in characters per inch for this character height.
-            s.Write("0,3,");
-            s.WriteFloat(1 / (textSize / 25.4 * 0.6024823502618993));
+            HPGL2Writer::FixedFont(s, 1 / (textSize / 25.4 * 0.6024823502618993), textWeight,
+                                   textTypeface);
         } else {
             // Proportional spacing: height in points.
-            s.Write("1,4,");
-            s.WriteFloat(textSize / 0.35277777777777775);
+            HPGL2Writer::ProportionalFont(s, textSize / 0.35277777777777775, textWeight,
+                                          textTypeface);
         }
-        s.Write(",6,");
-        s.WriteInt(textWeight);
-        s.Write(",7,");
-        s.WriteInt(textTypeface);
-        s.Write("SS");
     }
     // An ETX inside the text ends the label there; the character after it is blanked, as the
     // labels have always been written.
@@ -286,11 +275,7 @@ void VRKPrintHPGL2Generator::DrvDrawText(float x, float y, const VRKUnicodeStrin
             label[i + 1] = ' ';
         }
     }
-    s.Write("PU");
-    s.WriteFloat(static_cast<float>(VRKSaturatingTrunc<int>(x * 40.0)) + originOffsetX);
-    s.Put(',');
-    s.WriteFloat(static_cast<float>(VRKSaturatingTrunc<int>(y * 40.0)) + originOffsetY);
-    s.Write("LB");
-    s.Write(label);
-    s.Put(HPGL2Encoding::kLabelTerminator);
+    HPGL2Writer::PenUpAt(s, static_cast<float>(VRKSaturatingTrunc<int>(x * 40.0)) + originOffsetX,
+                         static_cast<float>(VRKSaturatingTrunc<int>(y * 40.0)) + originOffsetY);
+    HPGL2Writer::Label(s, label);
 }

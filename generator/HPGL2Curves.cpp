@@ -35,34 +35,23 @@ void VRKPrintHPGL2Generator::DrvDrawPolyBezier(int count, const float* xy) {
     }
     VRKPrintStream& s = out();
     closeEncodedPolyline();
-    s.Write("SP");
-    s.WriteInt(currentDrawColor);
+    HPGL2Writer::SelectPen(s, currentDrawColor);
     int px, py;
     toPlotterUnits(xy[0], xy[1], px, py);
-    s.Write("PU");
-    s.WriteInt(px);
-    s.Put(',');
-    s.WriteInt(py);
-    s.Write("PD;");
+    HPGL2Writer::PenUp(s, px, py);
+    HPGL2Writer::PenDownHere(s);
     lastEncodedX = px;
     lastEncodedY = py;
     // Callers pass 3k+1 points; a chain with points left over ends with its last whole segment.
     const int segments = std::min((count - 2) / 3 + 1, (count - 1) / 3);
     for (int g = 0; g < segments; ++g) {
-        s.Write("BZ");
         const float* p = xy + 2 + 6 * g;
-        for (int k = 0; k < 6; ++k) {
-            if (k > 0) {
-                s.Put(',');
-            }
-            s.WriteFloat(p[k] * 40.0);
-        }
+        const double controls[6] = {p[0] * 40.0, p[1] * 40.0, p[2] * 40.0,
+                                    p[3] * 40.0, p[4] * 40.0, p[5] * 40.0};
+        HPGL2Writer::Bezier(s, controls);
     }
     // Back to the chain's first point, pen up.
-    s.Write("PU");
-    s.WriteInt(px);
-    s.Put(',');
-    s.WriteInt(py);
+    HPGL2Writer::PenUp(s, px, py);
 }
 
 void VRKPrintHPGL2Generator::DrvDrawArcCircle(float cx, float cy, float radius, float start,
@@ -108,65 +97,13 @@ void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, 
         // included) give the same text, made once.
         const bool sameY =
             std::bit_cast<std::uint64_t>(startY) == std::bit_cast<std::uint64_t>(centreY);
-        if (sweepLength > 0 && writeArcOutlineInPlace(s, startX * 40.0, startY * 40.0,
-                                                      centreX * 40.0, centreY * 40.0, sameY)) {
+        if (sweepLength > 0 &&
+            HPGL2Writer::ArcOutlineQuick(s, startX * 40.0, startY * 40.0, centreX * 40.0,
+                                         centreY * 40.0, sweepText, sweepLength, sameY)) {
             return;
         }
     }
-    s.Write("PU");
-    s.WriteFloat(startX * 40.0);
-    s.Put(',');
-    s.WriteFloat(startY * 40.0);
-    s.Write("PD;AA");
-    s.WriteFloat(centreX * 40.0);
-    s.Put(',');
-    s.WriteFloat(centreY * 40.0);
-    s.Put(',');
-    s.WriteFloat(sweep);
-    s.Write(",.5");  // chord angle 0.5 degree
-}
-
-bool VRKPrintHPGL2Generator::writeArcOutlineInPlace(VRKPrintStream& s, double x, double y,
-                                                    double cx, double cy, bool sameY) {
-    // The whole instruction goes into the room of one claim, the cursor moved once at the end;
-    // nothing is written when a number lacks the quick fixed form (the caller then writes it all
-    // the general way). At most 63 bytes, and the copies of kept texts take 16.
-    char* const start = s.Claim(96);
-    char* p = start;
-    std::memcpy(p, "PU", 2);
-    p = formatFixed2Quick(p + 2, x);
-    if (p == nullptr) {
-        return false;
-    }
-    *p++ = ',';
-    char* const yText = p;
-    p = formatFixed2Quick(p, y);
-    if (p == nullptr) {
-        return false;
-    }
-    const std::ptrdiff_t yLength = p - yText;
-    std::memcpy(p, "PD;AA", 5);
-    p = formatFixed2Quick(p + 5, cx);
-    if (p == nullptr) {
-        return false;
-    }
-    *p++ = ',';
-    if (sameY) {
-        // 16 bytes, the text and scratch after it, from the y of the PU a few bytes back.
-        std::memmove(p, yText, 16);
-        p += yLength;
-    } else {
-        p = formatFixed2Quick(p, cy);
-        if (p == nullptr) {
-            return false;
-        }
-    }
-    *p++ = ',';
-    std::memcpy(p, sweepText, 16);
-    p += sweepLength;
-    std::memcpy(p, ",.5", 3);  // chord angle 0.5 degree
-    s.Advance(p + 3);
-    return true;
+    HPGL2Writer::ArcOutline(s, startX * 40.0, startY * 40.0, centreX * 40.0, centreY * 40.0, sweep);
 }
 
 void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start,
@@ -209,13 +146,6 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
     } else if (stretched) {
         scaleX = pageWidth * larger / smaller;
     }
-    const auto writeScale = [&s](double x, double y) {
-        s.Write("SC0,");
-        s.WriteFloat(x);
-        s.Write(",0,");
-        s.WriteFloat(y);
-        s.Write(",0;");
-    };
 
     if (filled == 0) {
         float radius = std::min(rx, ry);
@@ -237,36 +167,25 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
                 centreY *= factor;
                 radius *= factor;
             }
-            writeScale(scaleX, scaleY);
+            HPGL2Writer::Scale(s, scaleX, scaleY, 0);
         }
         writeArcOutline(s, centreX, centreY, radius, start, sweep);
     } else {
         // A wedge around the pen position fills the whole ellipse.
-        s.Write("PU");
-        s.WriteFloat(cx * 40.0);
-        s.Put(',');
-        s.WriteFloat(cy * 40.0);
+        HPGL2Writer::PenUpAt(s, cx * 40.0, cy * 40.0);
         const bool otherPen = currentFillColor != currentDrawColor;
         if (otherPen) {
-            s.Write("SP");
-            s.WriteInt(currentFillColor);
+            HPGL2Writer::SelectPen(s, currentFillColor);
         }
         if (stretched) {
-            writeScale(scaleX, scaleY);
+            HPGL2Writer::Scale(s, scaleX, scaleY, 0);
         }
-        s.Write("WG");
-        s.WriteFloat(rx * 40.0);
-        s.Put(',');
-        s.WriteFloat(start * kRadiansToDegrees);
-        s.Put(',');
-        s.WriteFloat(sweep);
-        s.Write(",.5");
+        HPGL2Writer::Wedge(s, rx * 40.0, start * kRadiansToDegrees, sweep);
         if (stretched) {
             restoreScale();
         }
         if (otherPen) {
-            s.Write("SP");
-            s.WriteInt(currentDrawColor);
+            HPGL2Writer::SelectPen(s, currentDrawColor);
         }
         return;
     }
@@ -278,10 +197,5 @@ void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, flo
 void VRKPrintHPGL2Generator::restoreScale() {
     // Back to plotter units. The restore has always been written as an isotropic scaling (type 1)
     // while the stretch is anisotropic (type 0); plotters accept both for these numbers.
-    VRKPrintStream& s = out();
-    s.Write("SC0,");
-    s.WriteFloat(pageWidth);
-    s.Write(",0,");
-    s.WriteFloat(pageHeight);
-    s.Write(",1;");
+    HPGL2Writer::Scale(out(), pageWidth, pageHeight, 1);
 }

@@ -1,16 +1,9 @@
 #pragma once
 
-// The instruction-writing layer shared by both dialects: escape sequences and the Polyline Encoded
-// number form.
+// The byte forms of HP-GL/2 beneath the instructions: the label terminator and the Polyline
+// Encoded number form.
 namespace HPGL2Encoding {
 
-// PCL printer reset, then enter HP-GL/2 with the previous pen position.
-inline constexpr const char kResetAndEnterHPGL2[] =
-    "\x1b"
-    "E"
-    "\x1b"
-    "%0B";
-inline constexpr char kEscape = '\x1b';
 // Label terminator: the plotter's default end-of-text character.
 inline constexpr char kLabelTerminator = '\x03';
 

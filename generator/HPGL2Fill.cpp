@@ -4,6 +4,7 @@
 #include <new>
 
 #include "generator/FillArguments.h"
+#include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/core/VRKRawCollPV.h"
@@ -52,26 +53,23 @@ void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, co
     VRKPrintStream& s = out();
     const bool otherPen = currentFillColor != currentDrawColor;
     if (otherPen) {
-        s.Write("SP");
-        s.WriteInt(currentFillColor);
+        HPGL2Writer::SelectPen(s, currentFillColor);
     }
     // The polygon buffer starts at the pen-up point; the PE after PM0 is relative to it.
     int x0, y0;
     toPlotterUnits(points[0], points[1], x0, y0);
-    s.Write("PU");
-    s.WriteInt(x0);
-    s.Put(',');
-    s.WriteInt(y0);
+    HPGL2Writer::PenUp(s, x0, y0);
     lastEncodedX = x0;
     lastEncodedY = y0;
     encodedPolylineOpen = 1;
-    s.Write("PM0PE");
+    HPGL2Writer::PolygonMode(s, 0);
+    HPGL2Writer::OpenEncoded(s);
 
     const float* p = points;
     for (int i = 0; i < nbPolygons; ++i) {
         int first = 0;
         if (i > 0) {
-            s.Write("PM1");
+            HPGL2Writer::PolygonMode(s, 1);
             if (encodedPolylineOpen == 0) {
                 openEncodedPolyline();
             }
@@ -82,22 +80,18 @@ void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, co
         for (int k = first; k < nbPoints[i]; ++k, p += 2) {
             DrvLineTo(p[0], p[1]);
         }
-        if (nbPolygons != 1 && encodedPolylineOpen != 0) {
-            s.Put(';');
-            encodedPolylineOpen = 0;
+        if (nbPolygons != 1) {
+            closeEncodedPolyline();
         }
     }
     // A single polygon is closed explicitly; the plotter closes each subpolygon of several.
     if (nbPolygons == 1) {
         DrvLineTo(points[0], points[1]);
-        if (encodedPolylineOpen != 0) {
-            s.Put(';');
-            encodedPolylineOpen = 0;
-        }
+        closeEncodedPolyline();
     }
-    s.Write(GetPolygonFillRule() == 1 ? "PM2FP1" : "PM2FP0");
+    HPGL2Writer::PolygonMode(s, 2);
+    HPGL2Writer::FillPolygon(s, GetPolygonFillRule() == 1 ? 1 : 0);
     if (otherPen) {
-        s.Write("SP");
-        s.WriteInt(currentDrawColor);
+        HPGL2Writer::SelectPen(s, currentDrawColor);
     }
 }

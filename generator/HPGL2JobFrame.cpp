@@ -1,6 +1,6 @@
 // Job start, page set-up, job end and the coordinate transform of the HP-GL/2 dialect.
 
-#include "generator/HPGL2Encoding.h"
+#include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/core/VRKSaturatingTrunc.h"
@@ -17,29 +17,28 @@ void VRKPrintHPGL2Generator::DrvBegin(const VRKPrintParameters& params) {
         return;
     }
     originOffsetX = 0.0f;
-    s.Write(HPGL2Encoding::kResetAndEnterHPGL2);
+    HPGL2Writer::ResetAndEnter(s);
     if (beginPlotValue >= 0) {
-        s.Write("BP5,");
-        s.WriteInt(beginPlotValue);
+        HPGL2Writer::BeginPlotRotation(s, beginPlotValue);
     }
-    s.Write("IN");
+    HPGL2Writer::Initialize(s);
     if (properties->GetMediaType() >= 0) {
-        s.Write("MT");
-        s.WriteInt(properties->GetMediaType());
+        HPGL2Writer::MediaType(s, properties->GetMediaType());
     }
-    s.Write("EC");
     // The cutter flag goes out inverted: a cutter state of 0 writes EC1 (cut), any other value a
     // bare EC. Devices in the field have always been driven this way, so it stays.
-    if (properties->GetCutterState() == 0) {
-        s.Put('1');
-    }
+    HPGL2Writer::EnableCutter(s, properties->GetCutterState() == 0);
     if (properties->GetQuality() >= 0) {
-        s.Write("QL");
-        s.WriteInt(properties->GetQuality());
+        HPGL2Writer::Quality(s, properties->GetQuality());
     }
     writePageSetup(params);
     // 256 palette pens, transparency and merge off, no pen yet, mitred joins with limit 2.
-    s.Write("NP256TR0MC0SP0LA2,2,3,2");
+    HPGL2Writer::NumberOfPens(s, 256);
+    HPGL2Writer::Transparency(s, 0);
+    HPGL2Writer::MergeControl(s, 0);
+    HPGL2Writer::SelectPen(s, 0);
+    HPGL2Writer::LineAttribute(s, 2, 2);
+    HPGL2Writer::MoreLineAttribute(s, 3, 2);
 }
 
 void VRKPrintHPGL2Generator::writePageSetup(const VRKPrintParameters& params) {
@@ -65,26 +64,20 @@ void VRKPrintHPGL2Generator::writePageSetup(const VRKPrintParameters& params) {
             pageRotation = 0.0f;
             break;
     }
-    const auto writeSize = [&s](const char* mnemonic, int a, int b) {
-        s.Write(mnemonic);
-        s.WriteInt(a);
-        s.Put(',');
-        s.WriteInt(b);
-    };
     if (form.GetOrientation() == 0) {
-        writeSize("PS", h, w);
-        writeSize("IP0,0,", h, w);
+        HPGL2Writer::PlotSize(s, h, w);
+        HPGL2Writer::InputWindow(s, h, w);
         pageWidth = static_cast<float>(h);
         pageHeight = static_cast<float>(w);
         textAngleOffset = 0.0f;
         if (h >= w) {
-            s.Write("RO270");
+            HPGL2Writer::Rotate(s, 270);
         }
     } else if (form.GetOrientation() == 1) {
-        writeSize("PS", w, h);
-        writeSize("IP0,0,", w, h);
+        HPGL2Writer::PlotSize(s, w, h);
+        HPGL2Writer::InputWindow(s, w, h);
         if (w >= h) {
-            s.Write("RO270");
+            HPGL2Writer::Rotate(s, 270);
         } else {
             textAngleOffset = 0.0f;
         }
@@ -97,7 +90,11 @@ void VRKPrintHPGL2Generator::DrvEnd() {
         return;
     }
     closeEncodedPolyline();
-    out().Write("PUSP0PG;");
+    VRKPrintStream& s = out();
+    HPGL2Writer::PenUp(s);
+    HPGL2Writer::SelectPen(s, 0);
+    HPGL2Writer::AdvancePage(s);
+    HPGL2Writer::End(s);
 }
 
 void VRKPrintHPGL2Generator::DrvFormFeed() {
@@ -105,6 +102,9 @@ void VRKPrintHPGL2Generator::DrvFormFeed() {
         return;
     }
     closeEncodedPolyline();
-    out().Write("RO0PG;");
+    VRKPrintStream& s = out();
+    HPGL2Writer::Rotate(s, 0);
+    HPGL2Writer::AdvancePage(s);
+    HPGL2Writer::End(s);
     writePageSetup(GetPrintParameters());
 }

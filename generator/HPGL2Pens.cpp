@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/core/VRKSaturatingTrunc.h"
@@ -64,13 +65,9 @@ void VRKPrintHPGL2Generator::DrvDefineColor(int index, float r, float g, float b
         return;
     }
     closeEncodedPolyline();
-    VRKPrintStream& s = out();
-    s.Write("PC");
-    s.WriteInt(index);
-    for (const float component : {r, g, b}) {
-        s.Put(',');
-        s.WriteInt(VRKSaturatingTrunc<long long>(component * 255.0));
-    }
+    HPGL2Writer::PenColor(out(), index, VRKSaturatingTrunc<long long>(r * 255.0),
+                          VRKSaturatingTrunc<long long>(g * 255.0),
+                          VRKSaturatingTrunc<long long>(b * 255.0));
 }
 
 void VRKPrintHPGL2Generator::hpglDefineColor(int index, float r, float g, float b) {
@@ -97,8 +94,7 @@ void VRKPrintHPGL2Generator::DrvSelectDrawColor(int index) {
         return;
     }
     // The palette index is the pen number: NP256 made 256 of them.
-    out().Write("SP");
-    out().WriteInt(index);
+    HPGL2Writer::SelectPen(out(), index);
     currentDrawColor = index;
 }
 
@@ -123,14 +119,12 @@ void VRKPrintHPGL2Generator::DrvSetDrawWidth(float width) {
         return;
     }
     closeEncodedPolyline();
-    out().Write("PW");
-    out().WriteFloat(width);
+    HPGL2Writer::PenWidth(out(), width);
 }
 
 void VRKPrintHPGL2Generator::selectPen(int pen) {
     if (pen != currentPen) {
-        out().Write("SP");
-        out().WriteInt(pen);
+        HPGL2Writer::SelectPen(out(), pen);
         currentPen = pen;
     }
 }

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "generator/DeltaRowCompression.h"
+#include "generator/HPGL2Writer.h"
+#include "generator/PCLEscapes.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPixelImage.h"
 #include "host/core/VRKPrintStream.h"
@@ -19,9 +21,6 @@ namespace {
 // Millimetres in a decipoint (1/720 inch), as the plotter has always been given it.
 constexpr double kMillimetresPerDecipoint = 0.035277776;
 constexpr int kLargestDestination = 32767;
-
-// Configure Image Data: RGB colour space, direct by pixel, 8 bits for each of three components.
-constexpr unsigned char kConfigureImageData[6] = {0, 3, 0, 8, 8, 8};
 
 // Releases an image of the host's object model when it goes out of scope.
 struct ImageReference {
@@ -81,34 +80,27 @@ void VRKPrintHPGL2Generator::writeRaster(float x, float y, const VRKPixelImage& 
 
     // The pen goes to the image's right-hand edge: PCL places the picture from there in the
     // plotter's turned coordinates.
-    s.Write("PU");
-    s.WriteInt(VRKSaturatingTrunc<long long>((x + w * pw) * 40.0 + originOffsetX));
-    s.Put(',');
-    s.WriteInt(VRKSaturatingTrunc<long long>(originOffsetY + y * 40.0));
-    s.Write("\x1b%1A");  // PCL, cursor at the pen position
+    HPGL2Writer::PenUp(s, VRKSaturatingTrunc<long long>((x + w * pw) * 40.0 + originOffsetX),
+                       VRKSaturatingTrunc<long long>(originOffsetY + y * 40.0));
+    s.Write(PCLEscapes::kEnterPCLAtPen);
     if (!mono) {
-        s.Write("\x1b*p0P");  // push the palette
+        s.Write(PCLEscapes::kPushPalette);
     }
     // Source size in pixels, destination size in decipoints.
-    s.Write("\x1b*r");
-    s.WriteInt(w);
-    s.Put('s');
-    s.WriteInt(h);
-    s.Write("T\x1b*t");
-    s.WriteInt(VRKSaturatingTrunc<long long>(w * pw / kMillimetresPerDecipoint));
-    s.Put('h');
-    s.WriteInt(VRKSaturatingTrunc<long long>(h * ph / kMillimetresPerDecipoint));
-    s.Put('V');
+    PCLEscapes::SourceSize(s, w, h);
+    PCLEscapes::DestinationSize(s, VRKSaturatingTrunc<long long>(w * pw / kMillimetresPerDecipoint),
+                                VRKSaturatingTrunc<long long>(h * ph / kMillimetresPerDecipoint));
     if (!mono) {
-        s.Write("\x1b*v6W");
-        s.WriteBytes(kConfigureImageData, sizeof kConfigureImageData);
-        s.Write("\x1b*r3A");
+        s.Write(PCLEscapes::kConfigureImageData);
+        s.WriteBytes(PCLEscapes::kDirectRgb24, sizeof PCLEscapes::kDirectRgb24);
+        s.Write(PCLEscapes::kStartRaster);
         // White source pixels are transparent for RGBA images, opaque for the others.
-        s.Write(format == VRKPixelImage::kRGBA8 ? "\x1b*v0N" : "\x1b*v1N");
-        s.Write("\x1b*b0M");
+        s.Write(format == VRKPixelImage::kRGBA8 ? PCLEscapes::kTransparentWhite
+                                                : PCLEscapes::kOpaqueWhite);
     } else {
-        s.Write("\x1b*r3A\x1b*b0M");
+        s.Write(PCLEscapes::kStartRaster);
     }
+    s.Write(PCLEscapes::kUncompressed);
 
     switch (format) {
         case VRKPixelImage::kGrey8:
@@ -134,10 +126,8 @@ void VRKPrintHPGL2Generator::writeRaster(float x, float y, const VRKPixelImage& 
             if (turned.image != nullptr && w > 0) {
                 const long long bytes = (static_cast<long long>(w) + 7) / 8;
                 for (int row = h - 1; row >= 0; --row) {
-                    s.Write("\x1b*b");
-                    s.WriteInt(bytes);
-                    s.Put('W');
-                    s.WriteBytes(turned.image->GetRow(row), static_cast<std::size_t>(bytes));
+                    PCLEscapes::TransferRow(s, turned.image->GetRow(row),
+                                            static_cast<std::size_t>(bytes));
                 }
             }
             break;
@@ -146,11 +136,11 @@ void VRKPrintHPGL2Generator::writeRaster(float x, float y, const VRKPixelImage& 
             break;  // no rows for a format without data
     }
 
-    s.Write("\x1b*rC");  // end raster graphics
+    s.Write(PCLEscapes::kEndRaster);
     if (!mono) {
-        s.Write("\x1b*p1P");  // pop the palette
+        s.Write(PCLEscapes::kPopPalette);
     }
-    s.Write("\x1b%0B");  // back to HP-GL/2
+    s.Write(PCLEscapes::kEnterHPGL2);
 }
 
 void VRKPrintHPGL2Generator::writeRgbRows(const VRKPixelImage& image) {
@@ -188,15 +178,12 @@ void VRKPrintHPGL2Generator::writeRgbRows(const VRKPixelImage& image) {
         }
         std::size_t length = rowBytes;
         const int mode = compressDeltaRow(row.get(), packed.get(), seed.get(), length, lastMode);
-        s.Write("\x1b*b");
         if (mode != lastMode) {
-            s.WriteInt(mode);
-            s.Put('m');
+            PCLEscapes::TransferRow(s, mode, packed.get(), length);
             lastMode = mode;
+        } else {
+            PCLEscapes::TransferRow(s, packed.get(), length);
         }
-        s.WriteInt(static_cast<long long>(length));
-        s.Put('W');
-        s.WriteBytes(packed.get(), length);
         std::memcpy(seed.get(), row.get(), rowBytes);
     }
 }

@@ -1,6 +1,6 @@
 // Pen-up moves and pen-down lines.
 
-#include "generator/HPGL2Encoding.h"
+#include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
 
@@ -22,7 +22,7 @@ void VRKPrintHPGL2Generator::DrvMoveTo(float x, float y) {
     } else if (px == lastEncodedX && py == lastEncodedY) {
         return;
     }
-    s.Put('<');  // pen up for the next pair
+    HPGL2Writer::EncodedPenUp(s);
     writeEncodedPair(s, px, py);
 }
 

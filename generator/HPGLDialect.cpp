@@ -4,22 +4,12 @@
 #include <cmath>
 #include <iostream>
 
+#include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKEnvironment.h"
 #include "host/core/VRKPrintStream.h"
 #include "host/core/VRKSaturatingTrunc.h"
 #include "properties/VRKPrintHPGLProperties.h"
-
-namespace {
-
-void writePoint(VRKPrintStream& s, const char* mnemonic, long long x, long long y) {
-    s.Write(mnemonic);
-    s.WriteInt(x);
-    s.Put(',');
-    s.WriteInt(y);
-}
-
-}  // namespace
 
 void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
     if (hpglSettings == nullptr) {
@@ -62,12 +52,18 @@ void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
                 break;
         }
     }
-    writePoint(s, "PU", originX, originY);
+    HPGL2Writer::PenUp(s, originX, originY);
 
     relativeMoves = hpglSettings->GetRelativeMovePen();
-    s.Write(relativeMoves != 0 ? "PR;" : "PA;");
+    if (relativeMoves != 0) {
+        HPGL2Writer::PlotRelative(s);
+    } else {
+        HPGL2Writer::PlotAbsolute(s);
+    }
+    HPGL2Writer::End(s);
     printThickness = hpglSettings->GetPrintThickness();
-    s.Write(VRKEnvironment::IsDefined("HPGL_WITH_SP0") ? "SP0;" : "SP1;");
+    HPGL2Writer::SelectPen(s, VRKEnvironment::IsDefined("HPGL_WITH_SP0") ? 0 : 1);
+    HPGL2Writer::End(s);
 
     buildPenTable();
     strokeCount = 1;
@@ -78,7 +74,14 @@ void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
 
 void VRKPrintHPGL2Generator::hpglJobEnd() {
     VRKPrintStream& s = out();
-    s.Write("PU;PA;SP0;PG;");
+    HPGL2Writer::PenUp(s);
+    HPGL2Writer::End(s);
+    HPGL2Writer::PlotAbsolute(s);
+    HPGL2Writer::End(s);
+    HPGL2Writer::SelectPen(s, 0);
+    HPGL2Writer::End(s);
+    HPGL2Writer::AdvancePage(s);
+    HPGL2Writer::End(s);
     freePenTable();
     colorTableRecords = {};
     // A failed close only marks the table reader failed; nothing is reported.
@@ -95,8 +98,8 @@ void VRKPrintHPGL2Generator::hpglLineTo(float x, float y) {
     VRKPrintStream& s = out();
     const bool relative = relativeMoves != 0;
     if (movePending != 0) {
-        writePoint(s, "PU", static_cast<long long>(currentX) - originX,
-                   static_cast<long long>(currentY) - originY);
+        HPGL2Writer::PenUp(s, static_cast<long long>(currentX) - originX,
+                           static_cast<long long>(currentY) - originY);
         movePending = 0;
         if (relative) {
             originX = currentX;
@@ -106,8 +109,8 @@ void VRKPrintHPGL2Generator::hpglLineTo(float x, float y) {
     int ex, ey;
     toPlotterUnits(x, y, ex, ey);
     if (strokeCount <= 1) {
-        writePoint(s, "PD", static_cast<long long>(ex) - originX,
-                   static_cast<long long>(ey) - originY);
+        HPGL2Writer::PenDown(s, static_cast<long long>(ex) - originX,
+                             static_cast<long long>(ey) - originY);
         if (relative) {
             originX = ex;
             originY = ey;
@@ -137,14 +140,14 @@ void VRKPrintHPGL2Generator::hpglLineTo(float x, float y) {
             const int dy = VRKSaturatingTrunc<int>(cosA * d);
             const long long ux = static_cast<long long>(currentX) - dx;
             const long long uy = static_cast<long long>(currentY) + dy;
-            writePoint(s, "PU", ux - originX, uy - originY);
+            HPGL2Writer::PenUp(s, ux - originX, uy - originY);
             if (relative) {
                 originX = static_cast<int>(ux);
                 originY = static_cast<int>(uy);
             }
             const long long dxEnd = static_cast<long long>(ex) - dx;
             const long long dyEnd = static_cast<long long>(ey) + dy;
-            writePoint(s, "PD", dxEnd - originX, dyEnd - originY);
+            HPGL2Writer::PenDown(s, dxEnd - originX, dyEnd - originY);
             if (relative) {
                 originX = static_cast<int>(dxEnd);
                 originY = static_cast<int>(dyEnd);

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <vector>
 
-#include "generator/HPGL2Encoding.h"
+#include "generator/HPGL2Writer.h"
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintNullStream.h"
 #include "host/core/VRKSaturatingTrunc.h"
@@ -86,14 +86,14 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // calls this first, so that no instruction lands inside a PE.
     void closeEncodedPolyline() {
         if (encodedPolylineOpen == 1) {
-            out().Put(';');
+            HPGL2Writer::End(out());
             encodedPolylineOpen = 0;
         }
     }
     // Opens an absolute PE run: "=" makes the next pair absolute, and with the reference at 0,0
     // the encoded difference is the absolute position.
     void openEncodedPolyline() {
-        out().Write("PE=");
+        HPGL2Writer::OpenEncodedAbsolute(out());
         lastEncodedX = 0;
         lastEncodedY = 0;
         encodedPolylineOpen = 1;
@@ -123,10 +123,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // value, and two that are not, up to the int's limits, by less than 2^32, which still takes
     // six digits at most. The plotter's position therefore always follows lastEncodedX/Y.
     void writeEncodedPair(VRKPrintStream& s, int px, int py) {
-        char* p = s.Claim(16);
-        p = encodeNumberTo(p, std::int64_t{px} - lastEncodedX);
-        p = encodeNumberTo(p, std::int64_t{py} - lastEncodedY);
-        s.Advance(p);
+        HPGL2Writer::EncodedPair(s, std::int64_t{px} - lastEncodedX,
+                                 std::int64_t{py} - lastEncodedY);
         lastEncodedX = px;
         lastEncodedY = py;
     }
@@ -159,10 +157,6 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     // in degrees, chords of half a degree).
     void writeArcOutline(VRKPrintStream& s, double centreX, double centreY, double radius,
                          double angle, double sweep);
-    // The same instruction in one piece, from the start and centre in plotter units and the
-    // sweep's kept text; false, with nothing written, when a number needs the general form.
-    bool writeArcOutlineInPlace(VRKPrintStream& s, double x, double y, double cx, double cy,
-                                bool sameY);
     // Writes the SC that puts user units back to plotter units.
     void restoreScale();
     // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.

@@ -1,0 +1,280 @@
+#include "generator/HPGL2Writer.h"
+
+#include <cstring>
+
+#include "generator/PCLEscapes.h"
+
+namespace HPGL2Writer {
+
+namespace {
+
+// A mnemonic and its integer parameters, separated by commas.
+void integers(VRKPrintStream& s, const char* mnemonic, long long a) {
+    s.Write(mnemonic);
+    s.WriteInt(a);
+}
+
+void integers(VRKPrintStream& s, const char* mnemonic, long long a, long long b) {
+    integers(s, mnemonic, a);
+    s.Put(',');
+    s.WriteInt(b);
+}
+
+// A floating-point parameter after a comma.
+void nextReal(VRKPrintStream& s, double value) {
+    s.Put(',');
+    s.WriteFloat(value);
+}
+
+// The chord angle every arc and wedge is drawn with: half a degree.
+constexpr char kHalfDegreeChords[] = ",.5";
+
+}  // namespace
+
+void ResetAndEnter(VRKPrintStream& s) {
+    s.Write(PCLEscapes::kReset);
+    s.Write(PCLEscapes::kEnterHPGL2);
+}
+
+void BeginPlotRotation(VRKPrintStream& s, int value) {
+    integers(s, "BP5,", value);
+}
+
+void Initialize(VRKPrintStream& s) {
+    s.Write("IN");
+}
+
+void MediaType(VRKPrintStream& s, int type) {
+    integers(s, "MT", type);
+}
+
+void EnableCutter(VRKPrintStream& s, bool cut) {
+    s.Write(cut ? "EC1" : "EC");
+}
+
+void Quality(VRKPrintStream& s, int quality) {
+    integers(s, "QL", quality);
+}
+
+void PlotSize(VRKPrintStream& s, int length, int width) {
+    integers(s, "PS", length, width);
+}
+
+void InputWindow(VRKPrintStream& s, int x, int y) {
+    integers(s, "IP0,0,", x, y);
+}
+
+void Rotate(VRKPrintStream& s, int degrees) {
+    integers(s, "RO", degrees);
+}
+
+void NumberOfPens(VRKPrintStream& s, int pens) {
+    integers(s, "NP", pens);
+}
+
+void Transparency(VRKPrintStream& s, int mode) {
+    integers(s, "TR", mode);
+}
+
+void MergeControl(VRKPrintStream& s, int mode) {
+    integers(s, "MC", mode);
+}
+
+void AdvancePage(VRKPrintStream& s) {
+    s.Write("PG");
+}
+
+void PenUp(VRKPrintStream& s) {
+    s.Write("PU");
+}
+
+void PenUp(VRKPrintStream& s, long long x, long long y) {
+    integers(s, "PU", x, y);
+}
+
+void PenDown(VRKPrintStream& s, long long x, long long y) {
+    integers(s, "PD", x, y);
+}
+
+void PenUpAt(VRKPrintStream& s, double x, double y) {
+    s.Write("PU");
+    s.WriteFloat(x);
+    nextReal(s, y);
+}
+
+void PenDownHere(VRKPrintStream& s) {
+    s.Write("PD;");
+}
+
+void PlotAbsolute(VRKPrintStream& s) {
+    s.Write("PA");
+}
+
+void PlotRelative(VRKPrintStream& s) {
+    s.Write("PR");
+}
+
+void ArcAbsolute(VRKPrintStream& s, double cx, double cy, double sweep) {
+    s.Write("AA");
+    s.WriteFloat(cx);
+    nextReal(s, cy);
+    nextReal(s, sweep);
+    s.Write(kHalfDegreeChords);
+}
+
+void ArcOutline(VRKPrintStream& s, double x, double y, double cx, double cy, double sweep) {
+    PenUpAt(s, x, y);
+    PenDownHere(s);
+    ArcAbsolute(s, cx, cy, sweep);
+}
+
+bool ArcOutlineQuick(VRKPrintStream& s, double x, double y, double cx, double cy,
+                     const char* sweepText, int sweepLength, bool sameY) {
+    // The whole outline goes into the room of one claim, the cursor moved once at the end. At
+    // most 63 bytes, and the copies of made texts take 16.
+    char* p = s.Claim(96);
+    std::memcpy(p, "PU", 2);
+    p = formatFixed2Quick(p + 2, x);
+    if (p == nullptr) {
+        return false;
+    }
+    *p++ = ',';
+    char* const yText = p;
+    p = formatFixed2Quick(p, y);
+    if (p == nullptr) {
+        return false;
+    }
+    const std::ptrdiff_t yLength = p - yText;
+    std::memcpy(p, "PD;AA", 5);
+    p = formatFixed2Quick(p + 5, cx);
+    if (p == nullptr) {
+        return false;
+    }
+    *p++ = ',';
+    if (sameY) {
+        // 16 bytes, the text and scratch after it, from the start's y a few bytes back.
+        std::memmove(p, yText, 16);
+        p += yLength;
+    } else {
+        p = formatFixed2Quick(p, cy);
+        if (p == nullptr) {
+            return false;
+        }
+    }
+    *p++ = ',';
+    std::memcpy(p, sweepText, 16);
+    p += sweepLength;
+    std::memcpy(p, kHalfDegreeChords, 3);
+    s.Advance(p + 3);
+    return true;
+}
+
+void Wedge(VRKPrintStream& s, double radius, double start, double sweep) {
+    s.Write("WG");
+    s.WriteFloat(radius);
+    nextReal(s, start);
+    nextReal(s, sweep);
+    s.Write(kHalfDegreeChords);
+}
+
+void Scale(VRKPrintStream& s, double x, double y, int type) {
+    s.Write("SC0,");
+    s.WriteFloat(x);
+    s.Write(",0,");
+    s.WriteFloat(y);
+    s.Put(',');
+    s.WriteInt(type);
+    End(s);
+}
+
+void Bezier(VRKPrintStream& s, const double (&xy)[6]) {
+    s.Write("BZ");
+    s.WriteFloat(xy[0]);
+    for (int k = 1; k < 6; ++k) {
+        nextReal(s, xy[k]);
+    }
+}
+
+void SelectPen(VRKPrintStream& s, long long pen) {
+    integers(s, "SP", pen);
+}
+
+void PenColor(VRKPrintStream& s, int index, long long red, long long green, long long blue) {
+    integers(s, "PC", index, red);
+    s.Put(',');
+    s.WriteInt(green);
+    s.Put(',');
+    s.WriteInt(blue);
+}
+
+void PenWidth(VRKPrintStream& s, double width) {
+    s.Write("PW");
+    s.WriteFloat(width);
+}
+
+void LineAttribute(VRKPrintStream& s, int kind, int value) {
+    integers(s, "LA", kind, value);
+}
+
+void MoreLineAttribute(VRKPrintStream& s, int kind, int value) {
+    s.Put(',');
+    s.WriteInt(kind);
+    s.Put(',');
+    s.WriteInt(value);
+}
+
+namespace {
+
+// "SD1,14,2," (symbol set 14, ISO 8859-1, then the spacing), the spacing's own pair, the stroke
+// weight and the typeface, then "SS".
+void font(VRKPrintStream& s, const char* spacing, double size, int weight, int typeface) {
+    s.Write("SD1,14,2,");
+    s.Write(spacing);
+    s.WriteFloat(size);
+    s.Write(",6,");
+    s.WriteInt(weight);
+    s.Write(",7,");
+    s.WriteInt(typeface);
+    s.Write("SS");
+}
+
+}  // namespace
+
+void FixedFont(VRKPrintStream& s, double pitch, int weight, int typeface) {
+    font(s, "0,3,", pitch, weight, typeface);
+}
+
+void ProportionalFont(VRKPrintStream& s, double points, int weight, int typeface) {
+    font(s, "1,4,", points, weight, typeface);
+}
+
+void Slant(VRKPrintStream& s, double tangent) {
+    s.Write("SL");
+    s.WriteFloat(tangent);
+}
+
+void Direction(VRKPrintStream& s, double run, double rise) {
+    s.Write("DI");
+    s.WriteFloat(run);
+    nextReal(s, rise);
+}
+
+void LabelOrigin(VRKPrintStream& s, int origin) {
+    integers(s, "LO", origin);
+}
+
+void Label(VRKPrintStream& s, std::string_view text) {
+    s.Write("LB");
+    s.Write(text);
+    s.Put(HPGL2Encoding::kLabelTerminator);
+}
+
+void PolygonMode(VRKPrintStream& s, int mode) {
+    integers(s, "PM", mode);
+}
+
+void FillPolygon(VRKPrintStream& s, int rule) {
+    integers(s, "FP", rule);
+}
+
+}  // namespace HPGL2Writer
