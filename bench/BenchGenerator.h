@@ -33,8 +33,7 @@ class BenchGenerator : public VRKPrintHPGL2Generator {
     // Switches the record to the HP-GL dialect (before Begin).
     void UseHPGL() { properties->SetType(1); }
 
-    using VRKPrintHPGL2Generator::scanLineFill;
-    using VRKPrintHPGL2Generator::selectPenForColor;
+    using VRKPrintHPGL2Generator::hpgl;
 
     CountingStream stream;
 };

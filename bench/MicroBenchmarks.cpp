@@ -181,7 +181,8 @@ void BM_SelectPenForColorWithTable(benchmark::State& state) {
         float spacing = 0.0f;
         int i = 0;
         for (auto _ : state) {
-            benchmark::DoNotOptimize(g.selectPenForColor(i++ % 8 + 1, 0.35f, strokes, spacing));
+            benchmark::DoNotOptimize(
+                g.hpgl.SelectPenForColor(i++ % 8 + 1, 0.35f, strokes, spacing));
         }
         g.End();
     }

@@ -1,47 +1,33 @@
 // Area fill: polygon mode in HP-GL/2, a scan-line hatch with the current pen in HP-GL.
 
-#include <memory>
-#include <new>
-
 #include "generator/FillArguments.h"
 #include "generator/HPGL2Writer.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintStream.h"
-#include "host/core/VRKRawCollPV.h"
-#include "host/geometry/VRKPolygonGeometry.h"
-#include "host/geometry/VRKSimplifiedPolygon.h"
+
+class VRKPrintHPGL2Generator::HatchSurface final : public HPGLSurface {
+  public:
+    explicit HatchSurface(VRKPrintHPGL2Generator& generator) : generator_(generator) {}
+    void MoveTo(float x, float y) override { generator_.DrvMoveTo(x, y); }
+    void LineTo(float x, float y) override { generator_.DrvLineTo(x, y); }
+    void PatternFill(int nbPolygons, const int* nbPoints, const float* points) override {
+        generator_.FillPatternPolygon(nbPolygons, nbPoints, points);
+    }
+
+  private:
+    VRKPrintHPGL2Generator& generator_;
+};
 
 void VRKPrintHPGL2Generator::DrvFillArea(int nbPolygons, const int* nbPoints, const float* points) {
     if (fillVertexCount(nbPolygons, nbPoints, points) < 1) {
         return;
     }
     if (isHPGL()) {
-        if (GetPolygonFillRule() != 1) {
-            scanLineFill(nbPolygons, nbPoints, points);
-            return;
-        }
-        // Without a pen of the table the hatch of every piece draws nothing: the pieces need
-        // not be made.
-        if (!currentPenHatches()) {
-            return;
-        }
-        // The hatch is even-odd: reduce the non-zero area to even-odd pieces first.
-        VRKRawCollPV pieces;
-        SimplifyPolygonAndGetWindingNumber(nbPolygons, nbPoints, points, pieces);
-        for (int i = 1; i <= pieces.Size(); ++i) {
-            const auto* piece = static_cast<const VRKSimplifiedPolygon*>(pieces[i]);
-            if (piece != nullptr && piece->windingNumber != 0) {
-                scanLineFill(piece->nbPolygons, piece->nbPoints, piece->points);
-            }
-        }
-        for (int i = 1; i <= pieces.Size(); ++i) {
-            auto* piece = static_cast<VRKSimplifiedPolygon*>(pieces[i]);
-            if (piece != nullptr) {
-                delete[] piece->nbPoints;
-                delete[] piece->points;
-                delete piece;
-            }
-        }
+        HatchSurface surface(*this);
+        hpgl.Fill(out(),
+                  {nbPolygons, nbPoints, points, GetPolygonFillRule(), GetFillMode(),
+                   currentDrawColor, currentFillColor, originOffsetX, originOffsetY},
+                  surface);
         return;
     }
     closeEncodedPolyline();

@@ -41,6 +41,14 @@ void VRKPrintHPGL2Generator::DrvBegin(const VRKPrintParameters& params) {
     HPGL2Writer::MoreLineAttribute(s, 3, 2);
 }
 
+void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {
+    // Without HP-GL settings the job writes nothing.
+    if (hpglSettings != nullptr) {
+        originOffsetX = 0.0f;
+        hpgl.JobStart(out(), params, *hpglSettings);
+    }
+}
+
 void VRKPrintHPGL2Generator::writePageSetup(const VRKPrintParameters& params) {
     VRKPrintStream& s = out();
     const VRKPrintForm& form = params.GetForm();
@@ -86,7 +94,7 @@ void VRKPrintHPGL2Generator::writePageSetup(const VRKPrintParameters& params) {
 
 void VRKPrintHPGL2Generator::DrvEnd() {
     if (isHPGL()) {
-        hpglJobEnd();
+        hpgl.JobEnd(out());
         return;
     }
     closeEncodedPolyline();

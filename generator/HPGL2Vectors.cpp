@@ -8,12 +8,7 @@ void VRKPrintHPGL2Generator::DrvMoveTo(float x, float y) {
     int px, py;
     toPlotterUnits(x, y, px, py);
     if (isHPGL()) {
-        // A move is only remembered; the next line writes it, so a run of moves costs one PU.
-        if (px != currentX || py != currentY) {
-            movePending = 1;
-            currentX = px;
-            currentY = py;
-        }
+        hpgl.MoveTo(px, py);
         return;
     }
     VRKPrintStream& s = out();
@@ -27,12 +22,12 @@ void VRKPrintHPGL2Generator::DrvMoveTo(float x, float y) {
 }
 
 void VRKPrintHPGL2Generator::DrvLineTo(float x, float y) {
-    if (isHPGL()) {
-        hpglLineTo(x, y);
-        return;
-    }
     int px, py;
     toPlotterUnits(x, y, px, py);
+    if (isHPGL()) {
+        hpgl.LineTo(out(), px, py);
+        return;
+    }
     VRKPrintStream& s = out();
     if (encodedPolylineOpen == 0) {
         openEncodedPolyline();

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
-#include <vector>
 
 #include "generator/HPGL2Writer.h"
+#include "generator/PlotterUnits.h"
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintNullStream.h"
-#include "host/core/VRKSaturatingTrunc.h"
+#include "hpgl/HPGLDialect.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 
 class VRKPrintHPGLProperties;
@@ -98,24 +97,9 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
         lastEncodedY = 0;
         encodedPolylineOpen = 1;
     }
-    // Millimetres to plotter units: truncated toward zero, the origin offset added, truncated
-    // again. There is no rounding to nearest anywhere on this path. A value beyond the int (or
-    // infinite) is held at the int's limit, NaN gives 0.
+    // Millimetres to plotter units, with the origin offset.
     void toPlotterUnits(float x, float y, int& px, int& py) const {
-        const int ix = VRKSaturatingTrunc<int>(static_cast<double>(x) * 40.0);
-        const int iy = VRKSaturatingTrunc<int>(static_cast<double>(y) * 40.0);
-        // Without an offset, and within the 24 bits a float holds exactly, the detour through
-        // float gives the integer back unchanged.
-        constexpr unsigned kExact = 1u << 24;
-        if (originOffsetX == 0.0f && originOffsetY == 0.0f &&
-            static_cast<unsigned>(ix) + kExact <= 2 * kExact &&
-            static_cast<unsigned>(iy) + kExact <= 2 * kExact) {
-            px = ix;
-            py = iy;
-            return;
-        }
-        px = VRKSaturatingTrunc<int>(static_cast<float>(ix) + originOffsetX);
-        py = VRKSaturatingTrunc<int>(static_cast<float>(iy) + originOffsetY);
+        ::toPlotterUnits(x, y, originOffsetX, originOffsetY, px, py);
     }
     // The encoded pair of the move from the last encoded position to (px, py), which becomes
     // the last encoded position. The differences are taken in 64 bits and written whole: two
@@ -130,27 +114,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     }
     // Page size, rotation and text direction offset of a new form: PS, IP and RO.
     void writePageSetup(const VRKPrintParameters& params);
-    // Job start and end of the HP-GL dialect.
+    // Job start of the HP-GL dialect: nothing without HP-GL settings.
     void hpglJobStart(const VRKPrintParameters& params);
-    void hpglJobEnd();
-    // Keeps a colour for the pen choice of the HP-GL dialect.
-    void hpglDefineColor(int index, float r, float g, float b);
-    // The pen table of the HP-GL dialect, from the settings or from the "PenTable" file named by
-    // the environment; the colour table file, kept open for the whole job.
-    void buildPenTable();
-    bool allocatePenTable(int count);
-    void freePenTable();
-    void openColorTable();
-    void loadColorTable();
-    // Appends, in file order, the pens (1 to 31) the colour table gives for the colour.
-    void readColorTable(int red, int green, int blue, std::vector<int>& pens);
-    // The pen for a colour index and a line width in the HP-GL dialect, with the number of
-    // parallel strokes and their spacing (plotter units) that make up the width.
-    int selectPenForColor(int colorIndex, float width, int& strokes, float& spacing);
-    // Strokes for a line of `width` drawn with `pen`: one, or as many as cover the width.
-    void matchWidth(int pen, float width, int& strokes, float& spacing) const;
-    // Writes SP when the pen changes.
-    void selectPen(int pen);
     // Sets the line type and pattern length of one of the five named line styles.
     void applyLineStyle(int index);
     // PU to the start of an arc outline, then its AA around the centre (millimetres, the sweep
@@ -159,23 +124,12 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
                          double angle, double sweep);
     // Writes the SC that puts user units back to plotter units.
     void restoreScale();
-    // The HP-GL hatch: outline, then even-odd scan lines half the current pen's width apart.
-    void scanLineFill(int nbPolygons, const int* nbPoints, const float* points);
-    // True when the current pen is one of the table, with a width to hatch with: pen 0 and pens
-    // outside the table draw no hatch.
-    bool currentPenHatches() const {
-        return currentPen >= 1 && currentPen < penCount && tableThickness != nullptr;
-    }
-    // True when a hatch span between two different crossings lies within one plotter unit.
-    bool spanBelowPlotterUnit(float x0, float x1, float y) const;
     // One image or tile: PU to its right-hand edge, PCL raster, back to HP-GL/2.
     void writeRaster(float x, float y, const VRKPixelImage& image);
     // Rows of a grey or RGB image as mirrored RGB rows, delta-row compressed where that pays.
     void writeRgbRows(const VRKPixelImage& image);
     // True when the plotter writes the text itself as a label.
     bool plotterDrawsText() const;
-    // A pen-down line in the HP-GL dialect, with parallel strokes for widths above the pen.
-    void hpglLineTo(float x, float y);
 
     VRKPrintHPGL2Properties* properties = nullptr;
     int beginPlotValue = -1;
@@ -206,36 +160,10 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     float linePatternLength = 0.0f;
     int hostDrawsDefaultFont = 1;
 
-    // Colours defined by the host for the HP-GL dialect, 0.0 to 1.0.
-    float* penRed = nullptr;
-    float* penGreen = nullptr;
-    float* penBlue = nullptr;
-
-    // HP-GL dialect state: the pen table and the pen in use.
-    float currentDrawWidth = 0.0f;
-    int penCount = 0;
-    float* tableRed = nullptr;
-    float* tableGreen = nullptr;
-    float* tableBlue = nullptr;
-    float* tableThickness = nullptr;
-    int* tableEnabled = nullptr;
-    int currentPen = 0;
-    int strokeCount = 1;
-    float strokeSpacing = 0.0f;
-    int originX = 0;
-    int originY = 0;
-    int relativeMoves = 0;
-    int printThickness = 0;
-    int currentX = 0;
-    int currentY = 0;
-    int movePending = 0;
-    // Set while the hatch draws its strokes.
-    int suppressStrokes = 0;
-    std::ifstream tableReader;
-    // The colour table's records as read at job start, those with colours in 0 to 255 and pens
-    // in 1 to 31, each packed as (red << 16 | green << 8 | blue) << 5 | pen and sorted by colour,
-    // file order kept among equal colours.
-    std::vector<std::uint32_t> colorTableRecords;
+    // The HP-GL dialect: pens, strokes, hatch and pending moves.
+    HPGLDialect hpgl;
+    // The generator's own hooks, as the surface the HP-GL hatch draws on.
+    class HatchSurface;
 
   private:
     VRKPrintNullStream unattached;

@@ -64,7 +64,7 @@ void VRKPrintHPGLGenerator::DrvBegin(const VRKPrintParameters& params) {
 
 void VRKPrintHPGLGenerator::DrvEnd() {
     if (inner != nullptr) {
-        inner->hpglJobEnd();
+        inner->hpgl.JobEnd(inner->out());
     }
 }
 
@@ -93,7 +93,7 @@ void VRKPrintHPGLGenerator::DrvFillArea(int nbPolygons, const int* nbPoints, con
 
 void VRKPrintHPGLGenerator::DrvDefineColor(int index, float r, float g, float b) {
     if (inner != nullptr) {
-        inner->hpglDefineColor(index, r, g, b);
+        inner->hpgl.DefineColor(index, r, g, b);
     }
 }
 

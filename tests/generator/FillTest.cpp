@@ -177,7 +177,7 @@ TEST(ScanLineFill, Triangle) {
               "M4.01,1 M3,1 L1,1 "    // y = 1, right to left
               "M-0.01,2 ");           // y = 2: the apex is a maximum, no crossing
     EXPECT_EQ(p.Take(), "PD160,0PD80,80PD0,0PD160,0PU120,40PD40,40");
-    EXPECT_EQ(p.suppressStrokes, 0);
+    EXPECT_EQ(p.hpgl.suppressStrokes, 0);
 }
 
 TEST(ScanLineFill, SquareWithSquareHole) {
@@ -234,7 +234,7 @@ TEST(ScanLineFill, PenZeroDrawsNothingAtAll) {
     p.DefineColor(0, 1, 1, 1);
     p.SelectDrawColor(0);
     p.Take();
-    ASSERT_EQ(p.currentPen, 0);
+    ASSERT_EQ(p.hpgl.currentPen, 0);
     const int counts[] = {3};
     const float xy[] = {0, 0, 4, 0, 2, 2};
     p.FillArea(1, counts, xy);

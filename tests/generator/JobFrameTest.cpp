@@ -60,9 +60,9 @@ TEST(HPGL2Generator, InitialState) {
     EXPECT_EQ(g.currentLineType, 1);
     // The first 64 colours of each table start at zero.
     for (int i = 0; i < 64; ++i) {
-        EXPECT_EQ(g.penRed[i], 0.0f);
-        EXPECT_EQ(g.penGreen[i], 0.0f);
-        EXPECT_EQ(g.penBlue[i], 0.0f);
+        EXPECT_EQ(g.hpgl.hostColors[i].red, 0.0f);
+        EXPECT_EQ(g.hpgl.hostColors[i].green, 0.0f);
+        EXPECT_EQ(g.hpgl.hostColors[i].blue, 0.0f);
     }
     EXPECT_EQ(g.Bytes(), "");
 }

@@ -55,7 +55,7 @@ struct TableJob {
     }
     std::vector<int> PensOf(int red, int green, int blue) {
         std::vector<int> pens;
-        job.g.readColorTable(red, green, blue, pens);
+        job.g.hpgl.colorTable.PensFor(red, green, blue, pens);
         return pens;
     }
     // In this order: the folder is the temporary directory before the job starts.
@@ -117,15 +117,15 @@ TEST(HPGLJobStart, DefaultsAtLowerLeft) {
     HPGLJob job(false);
     job.g.Begin(FormParameters(210, 297, 1));
     EXPECT_EQ(job.g.Take(), "PU0,0PR;SP1;");
-    EXPECT_EQ(job.g.penCount, 32);
-    EXPECT_EQ(job.g.currentPen, 0);
-    EXPECT_EQ(job.g.strokeCount, 1);
-    EXPECT_EQ(job.g.strokeSpacing, 0.0f);
-    EXPECT_EQ(job.g.relativeMoves, 1);
-    EXPECT_EQ(job.g.printThickness, 0);
-    ASSERT_NE(job.g.tableRed, nullptr);
-    EXPECT_EQ(job.g.tableRed[2], 255.0f);
-    EXPECT_EQ(job.g.tableEnabled[8], 0);
+    EXPECT_EQ(job.g.hpgl.pens.Count(), 32);
+    EXPECT_EQ(job.g.hpgl.currentPen, 0);
+    EXPECT_EQ(job.g.hpgl.strokeCount, 1);
+    EXPECT_EQ(job.g.hpgl.strokeSpacing, 0.0f);
+    EXPECT_EQ(job.g.hpgl.relativeMoves, 1);
+    EXPECT_EQ(job.g.hpgl.printThickness, 0);
+    ASSERT_TRUE(job.g.hpgl.hasPens);
+    EXPECT_EQ(job.g.Pen(2).red, 255.0f);
+    EXPECT_EQ(job.g.Pen(8).enable, 0);
 }
 
 TEST(HPGLJobStart, OriginsInBothOrientations) {
@@ -154,7 +154,7 @@ TEST(HPGLJobStart, CentreTruncatesTowardZero) {
     // 100.05f * 40 = 4002.0, 50.05f * 40 = 2001.99997: w = 4002, h = 2001.
     job.g.Begin(FormParameters(100.05f, 50.05f, 1));
     EXPECT_EQ(job.g.Take(), "PU-2001,-1000PR;SP1;");
-    EXPECT_EQ(job.g.originX, -2001);
+    EXPECT_EQ(job.g.hpgl.originX, -2001);
 }
 
 TEST(HPGLJobStart, OriginsOfFormsBeyondTheIntegers) {
@@ -188,8 +188,7 @@ TEST(HPGLJobEnd, EndSequenceAndTablesFreed) {
     HPGLJob job;
     job.g.End();
     EXPECT_EQ(job.g.Take(), "PU;PA;SP0;PG;");
-    EXPECT_EQ(job.g.tableRed, nullptr);
-    EXPECT_EQ(job.g.tableEnabled, nullptr);
+    EXPECT_FALSE(job.g.hpgl.hasPens);
 }
 
 TEST(HPGLJobEnd, PageAdvanceWritesNothing) {
@@ -204,9 +203,9 @@ TEST(HPGLColors, DefineColorWritesNothingAndKeepsComponents) {
     job.g.DefineColor(256, 1, 1, 1);  // ignored
     job.g.DefineColor(-1, 1, 1, 1);   // ignored
     EXPECT_EQ(job.g.Take(), "");
-    EXPECT_EQ(job.g.penRed[200], 0.25f);
-    EXPECT_EQ(job.g.penGreen[200], 0.5f);
-    EXPECT_EQ(job.g.penBlue[200], 0.75f);
+    EXPECT_EQ(job.g.hpgl.hostColors[200].red, 0.25f);
+    EXPECT_EQ(job.g.hpgl.hostColors[200].green, 0.5f);
+    EXPECT_EQ(job.g.hpgl.hostColors[200].blue, 0.75f);
 }
 
 TEST(HPGLColors, WhiteSelectsNoPen) {
@@ -214,7 +213,7 @@ TEST(HPGLColors, WhiteSelectsNoPen) {
     job.g.DefineColor(1, 1.0f, 1.0f, 1.0f);
     job.g.SelectDrawColor(1);
     EXPECT_EQ(job.g.Take(), "");  // pen 0 is current already
-    EXPECT_EQ(job.g.currentPen, 0);
+    EXPECT_EQ(job.g.hpgl.currentPen, 0);
     EXPECT_EQ(job.g.currentDrawColor, 1);
 }
 
@@ -270,10 +269,10 @@ TEST(SelectPenForColor, TieGoesToNearestThicknessThenEarliest) {
     job.g.DefineColor(6, 95 / 255.0f, 100 / 255.0f, 100 / 255.0f);   // 5 from pens 1 and 3
     int strokes = -1;
     float spacing = -1;
-    EXPECT_EQ(job.g.selectPenForColor(4, 0.25f, strokes, spacing), 1);
-    EXPECT_EQ(job.g.selectPenForColor(5, 0.25f, strokes, spacing), 2);
-    EXPECT_EQ(job.g.selectPenForColor(5, 0.35f, strokes, spacing), 1);
-    EXPECT_EQ(job.g.selectPenForColor(6, 0.30f, strokes, spacing), 1);  // 0.05 each: earliest
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(4, 0.25f, strokes, spacing), 1);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(5, 0.25f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(5, 0.35f, strokes, spacing), 1);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(6, 0.30f, strokes, spacing), 1);  // 0.05 each: earliest
     EXPECT_EQ(strokes, 1);
     EXPECT_EQ(spacing, 0.0f);
 }
@@ -284,19 +283,19 @@ TEST(SelectPenForColor, StrokesForWideLines) {
     int strokes = 0;
     float spacing = 0;
     // Thickness 0.35 for a width of 0.7: trunc(2 * (2.0 + 1.05)) = 6, spacing 14 / 5.
-    EXPECT_EQ(job.g.selectPenForColor(2, 0.7f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(2, 0.7f, strokes, spacing), 2);
     EXPECT_EQ(strokes, 6);
     EXPECT_FLOAT_EQ(spacing, 2.8f);
     // 0.355 is within 0.01 of the pen: one stroke.
-    EXPECT_EQ(job.g.selectPenForColor(2, 0.355f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(2, 0.355f, strokes, spacing), 2);
     EXPECT_EQ(strokes, 1);
     EXPECT_EQ(spacing, 0.0f);
     // A width of 0.4: trunc(2 * (1.142857 + 1.05)) = 4, spacing 0.05 * 40 / 3.
-    EXPECT_EQ(job.g.selectPenForColor(2, 0.4f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(2, 0.4f, strokes, spacing), 2);
     EXPECT_EQ(strokes, 4);
     EXPECT_NEAR(spacing, 2.0f / 3.0f, 1e-5);
     // Thinner than the pen: one stroke.
-    EXPECT_EQ(job.g.selectPenForColor(2, 0.1f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(2, 0.1f, strokes, spacing), 2);
     EXPECT_EQ(strokes, 1);
 }
 
@@ -307,10 +306,10 @@ TEST(SelectPenForColor, SetDrawWidthSelectsPenAndStrokes) {
     EXPECT_EQ(job.g.Take(), "SP3");
     job.g.SetDrawWidth(0.7f);
     EXPECT_EQ(job.g.Take(), "");
-    EXPECT_EQ(job.g.strokeCount, 6);
-    EXPECT_EQ(job.g.currentDrawWidth, 0.7f);
+    EXPECT_EQ(job.g.hpgl.strokeCount, 6);
+    EXPECT_EQ(job.g.hpgl.currentDrawWidth, 0.7f);
     job.g.SetDrawWidth(0.7f);  // unchanged: nothing
-    EXPECT_EQ(job.g.strokeCount, 6);
+    EXPECT_EQ(job.g.hpgl.strokeCount, 6);
 }
 
 TEST(SelectPenForColor, HueFallbackWithTie) {
@@ -329,8 +328,8 @@ TEST(SelectPenForColor, HueFallbackWithTie) {
     job.g.DefineColor(9, 0.5f, 0.25f, 0.0f);
     int strokes = 0;
     float spacing = 0;
-    EXPECT_EQ(job.g.selectPenForColor(9, 0.35f, strokes, spacing), 1);
-    EXPECT_EQ(job.g.selectPenForColor(9, 0.5f, strokes, spacing), 4);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(9, 0.35f, strokes, spacing), 1);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(9, 0.5f, strokes, spacing), 4);
 }
 
 TEST(SelectPenForColor, PureRedHasHueOneAndNeverMatchesOverTheCircle) {
@@ -342,7 +341,7 @@ TEST(SelectPenForColor, PureRedHasHueOneAndNeverMatchesOverTheCircle) {
     int strokes = 0;
     float spacing = 0;
     // Red-violet: r max, g min -> 5 + b' with b' = 60/120 -> 5.5/6 = 0.9167, 0.083 from 1.0.
-    EXPECT_EQ(job.g.selectPenForColor(9, 0.35f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(9, 0.35f, strokes, spacing), 2);
 }
 
 TEST(SelectPenForColor, PrintThicknessTakesFirstCandidateWithOneStroke) {
@@ -352,7 +351,7 @@ TEST(SelectPenForColor, PrintThicknessTakesFirstCandidateWithOneStroke) {
     job.g.DefineColor(5, 105 / 255.0f, 100 / 255.0f, 100 / 255.0f);
     int strokes = 0;
     float spacing = 0;
-    EXPECT_EQ(job.g.selectPenForColor(5, 0.7f, strokes, spacing), 1);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(5, 0.7f, strokes, spacing), 1);
     EXPECT_EQ(strokes, 1);
     EXPECT_EQ(spacing, 0.0f);
 }
@@ -367,14 +366,14 @@ TEST(SelectPenForColor, NoEnabledPenGivesPenZero) {
     job.g.DefineColor(1, 0, 0, 0);
     int strokes = 0;
     float spacing = 0;
-    EXPECT_EQ(job.g.selectPenForColor(1, 0.35f, strokes, spacing), 0);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(1, 0.35f, strokes, spacing), 0);
 }
 
 TEST(SelectPenForColor, WithoutTablesGivesPenZero) {
     HPGL2Peer g;  // no HP-GL job started: no pen table
     int strokes = 5;
     float spacing = 5;
-    EXPECT_EQ(g.selectPenForColor(1, 0.35f, strokes, spacing), 0);
+    EXPECT_EQ(g.hpgl.SelectPenForColor(1, 0.35f, strokes, spacing), 0);
     EXPECT_EQ(strokes, 1);
     EXPECT_EQ(spacing, 0.0f);
 }
@@ -388,16 +387,16 @@ TEST(SelectPenForColor, PenThinnerThanAPlotterUnitDrawsAStrokeAPlotterUnit) {
     job.g.Begin(FormParameters(210, 297, 1));
     int strokes = 0;
     float spacing = 0;
-    job.g.matchWidth(1, 2.5f, strokes, spacing);
+    job.g.hpgl.MatchWidth(1, 2.5f, strokes, spacing);
     // 2.5 mm are 100 plotter units: 101 strokes one unit apart.
     EXPECT_EQ(strokes, 101);
     EXPECT_EQ(spacing, 1.0f);
-    job.g.matchWidth(2, 0.5f, strokes, spacing);
+    job.g.hpgl.MatchWidth(2, 0.5f, strokes, spacing);
     // 0.48 mm are 19.2 units: 20 strokes.
     EXPECT_EQ(strokes, 20);
     EXPECT_FLOAT_EQ(spacing, 19.2f / 19);
     // A pen of one plotter unit keeps the count of every real pen: 2 * (20 + 1.05) = 42.
-    job.g.matchWidth(3, 0.5f, strokes, spacing);
+    job.g.hpgl.MatchWidth(3, 0.5f, strokes, spacing);
     EXPECT_EQ(strokes, 42);
     EXPECT_FLOAT_EQ(spacing, 19.0f / 41);
 }
@@ -415,15 +414,15 @@ TEST(PenTableFile, RecordsOverrideAndBadOnesAreIgnored) {
     testing::internal::CaptureStdout();
     job.g.Begin(FormParameters(210, 297, 1));
     const std::string printed = testing::internal::GetCapturedStdout();
-    EXPECT_EQ(job.g.penCount, 32);
-    EXPECT_EQ(job.g.tableRed[1], 10.0f);
-    EXPECT_EQ(job.g.tableGreen[1], 20.0f);
-    EXPECT_EQ(job.g.tableBlue[1], 30.0f);
-    EXPECT_EQ(job.g.tableThickness[1], 0.5f);
-    EXPECT_EQ(job.g.tableRed[3], 50.0f);
-    EXPECT_EQ(job.g.tableThickness[3], 0.25f);
-    EXPECT_EQ(job.g.tableThickness[2], 0.35f);
-    EXPECT_EQ(job.g.tableEnabled[31], 1);
+    EXPECT_EQ(job.g.hpgl.pens.Count(), 32);
+    EXPECT_EQ(job.g.Pen(1).red, 10.0f);
+    EXPECT_EQ(job.g.Pen(1).green, 20.0f);
+    EXPECT_EQ(job.g.Pen(1).blue, 30.0f);
+    EXPECT_EQ(job.g.Pen(1).width, 0.5f);
+    EXPECT_EQ(job.g.Pen(3).red, 50.0f);
+    EXPECT_EQ(job.g.Pen(3).width, 0.25f);
+    EXPECT_EQ(job.g.Pen(2).width, 0.35f);
+    EXPECT_EQ(job.g.Pen(31).enable, 1);
     // The end of the file stores the last record once more, and prints it.
     const std::string dump3 =
         "numpen = 3\n  red   = 50\n  green = 60\n  blue  = 70\n  thickness = 0.25\n";
@@ -438,20 +437,20 @@ TEST(PenTableFile, RecordsOverrideAndBadOnesAreIgnored) {
 TEST(PenTableFile, MalformedRecordEndsTheReading) {
     TableJob t("PenTable", "HPGL2_PEN_TABLE", "2 1 2 3 0.4\n5 x 0 0 0.3\n6 9 9 9 0.9\n");
     HPGL2Peer& g = t.job.g;
-    EXPECT_EQ(g.tableRed[2], 1.0f);
+    EXPECT_EQ(g.Pen(2).red, 1.0f);
     // "5 x": the pen is read, red fails; the record is still stored with what was left, then the
     // reading ends. Pen 6 is never read.
-    EXPECT_EQ(g.tableThickness[5], 0.4f);
-    EXPECT_EQ(g.tableThickness[6], 0.35f);
+    EXPECT_EQ(g.Pen(5).width, 0.4f);
+    EXPECT_EQ(g.Pen(6).width, 0.35f);
 }
 
 TEST(PenTableFile, ShortLastRecord) {
     TableJob t("PenTable", "HPGL2_PEN_TABLE", "2 1 2 3 0.4\n4 7 8");
     HPGL2Peer& g = t.job.g;
-    EXPECT_EQ(g.tableRed[4], 7.0f);
-    EXPECT_EQ(g.tableGreen[4], 8.0f);
-    EXPECT_EQ(g.tableBlue[4], 3.0f);  // left from the record before
-    EXPECT_EQ(g.tableThickness[4], 0.4f);
+    EXPECT_EQ(g.Pen(4).red, 7.0f);
+    EXPECT_EQ(g.Pen(4).green, 8.0f);
+    EXPECT_EQ(g.Pen(4).blue, 3.0f);  // left from the record before
+    EXPECT_EQ(g.Pen(4).width, 0.4f);
 }
 
 TEST(PenTableFile, ThicknessBeyondThePlotterIsNotTaken) {
@@ -460,15 +459,15 @@ TEST(PenTableFile, ThicknessBeyondThePlotterIsNotTaken) {
     TableJob t("PenTable", "HPGL2_PEN_TABLE",
                "2 1 2 3 3e7\n3 4 5 6 26843544\n4 7 8 9 -3e7\n5 1 1 1 1e39\n");
     HPGL2Peer& g = t.job.g;
-    ASSERT_NE(g.tableThickness, nullptr);
+    ASSERT_TRUE(g.hpgl.hasPens);
     // The colours are taken; the thickness keeps the table's 0.35 mm.
-    EXPECT_EQ(g.tableRed[2], 1.0f);
-    EXPECT_EQ(g.tableThickness[2], 0.35f);
-    EXPECT_EQ(g.tableThickness[3], 26843544.0f);
-    EXPECT_EQ(g.tableRed[4], 7.0f);
-    EXPECT_EQ(g.tableThickness[4], 0.35f);
-    EXPECT_EQ(g.tableRed[5], 1.0f);
-    EXPECT_EQ(g.tableThickness[5], 0.35f);
+    EXPECT_EQ(g.Pen(2).red, 1.0f);
+    EXPECT_EQ(g.Pen(2).width, 0.35f);
+    EXPECT_EQ(g.Pen(3).width, 26843544.0f);
+    EXPECT_EQ(g.Pen(4).red, 7.0f);
+    EXPECT_EQ(g.Pen(4).width, 0.35f);
+    EXPECT_EQ(g.Pen(5).red, 1.0f);
+    EXPECT_EQ(g.Pen(5).width, 0.35f);
 }
 
 TEST(PenTableFile, MissingFileLeavesNoTable) {
@@ -479,7 +478,7 @@ TEST(PenTableFile, MissingFileLeavesNoTable) {
     testing::internal::CaptureStdout();
     job.g.Begin(FormParameters(210, 297, 1));
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(job.g.tableRed, nullptr);
+    EXPECT_FALSE(job.g.hpgl.hasPens);
     job.g.DefineColor(1, 0, 0, 0);
     job.g.SelectDrawColor(1);
     job.g.LineTo(10, 10);
@@ -499,8 +498,8 @@ TEST(PenTableFile, TestInstallationFolder) {
     job.g.Begin(FormParameters(210, 297, 1));
     EXPECT_EQ(testing::internal::GetCapturedStdout().substr(0, 60),
               ("PenTable file for HPGL generation = " + base + "\\PenTable\n").substr(0, 60));
-    ASSERT_NE(job.g.tableRed, nullptr);
-    EXPECT_EQ(job.g.tableRed[1], 5.0f);
+    ASSERT_TRUE(job.g.hpgl.hasPens);
+    EXPECT_EQ(job.g.Pen(1).red, 5.0f);
 }
 
 TEST(ColorTableFile, SeparatorRule) {
@@ -523,13 +522,13 @@ TEST(ColorTableFile, SeparatorRule) {
     job.g.DefineColor(4, 1, 1, 0);
     int strokes = 0;
     float spacing = 0;
-    EXPECT_EQ(job.g.selectPenForColor(1, 0.35f, strokes, spacing), 3);  // table: red is pen 3
-    EXPECT_EQ(job.g.selectPenForColor(2, 0.35f, strokes, spacing), 5);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(1, 0.35f, strokes, spacing), 3);  // table: red is pen 3
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(2, 0.35f, strokes, spacing), 5);
     // Not reached in the table: the nearest colour wins.
-    EXPECT_EQ(job.g.selectPenForColor(3, 0.35f, strokes, spacing), 5);
-    EXPECT_EQ(job.g.selectPenForColor(4, 0.35f, strokes, spacing), 4);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(3, 0.35f, strokes, spacing), 5);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(4, 0.35f, strokes, spacing), 4);
     job.g.End();
-    EXPECT_FALSE(job.g.tableReader.is_open());
+    EXPECT_FALSE(job.g.hpgl.colorTable.IsOpen());
 }
 
 TEST(ColorTableFile, IsReadOnceAtJobStart) {
@@ -540,12 +539,12 @@ TEST(ColorTableFile, IsReadOnceAtJobStart) {
     EXPECT_EQ(t.PensOf(0, 255, 0), (std::vector<int>{5}));
     EXPECT_EQ(t.PensOf(0, 0, 255), (std::vector<int>{}));
     t.job.g.End();
-    EXPECT_TRUE(t.job.g.colorTableRecords.empty());
+    EXPECT_TRUE(t.job.g.hpgl.colorTable.Records().empty());
 }
 
 TEST(ColorTableFile, ColoursBeyondTheScaleAreLookedUpInTheFile) {
     TableJob t("ColorTable", "HPGL2_COLOR_TABLE", "510 0 0 4\n-1 0 0 6\n255 0 0 32\n255 0 0 0\n");
-    EXPECT_TRUE(t.job.g.colorTableRecords.empty());
+    EXPECT_TRUE(t.job.g.hpgl.colorTable.Records().empty());
     EXPECT_EQ(t.PensOf(510, 0, 0), (std::vector<int>{4}));
     EXPECT_EQ(t.PensOf(-1, 0, 0), (std::vector<int>{6}));
     // Pens 32 and 0 are not pens of the table.
@@ -560,8 +559,8 @@ TEST(ColorTableFile, ComponentsBeyondTheIntegersHoldAtTheirLimits) {
     int strokes = 0;
     float spacing = 0;
     // Red times 255 is beyond the int either way: held at its limits, which the table names.
-    EXPECT_EQ(g.selectPenForColor(1, 0.35f, strokes, spacing), 7);
-    EXPECT_EQ(g.selectPenForColor(2, 0.35f, strokes, spacing), 9);
+    EXPECT_EQ(g.hpgl.SelectPenForColor(1, 0.35f, strokes, spacing), 7);
+    EXPECT_EQ(g.hpgl.SelectPenForColor(2, 0.35f, strokes, spacing), 9);
 }
 
 TEST(ColorTableFile, SeveralPensChooseByThickness) {
@@ -582,11 +581,11 @@ TEST(ColorTableFile, SeveralPensChooseByThickness) {
     job.g.DefineColor(1, 10 / 255.0f, 10 / 255.0f, 10 / 255.0f);
     int strokes = 0;
     float spacing = 0;
-    EXPECT_EQ(job.g.selectPenForColor(1, 0.2f, strokes, spacing), 2);
-    EXPECT_EQ(job.g.selectPenForColor(1, 0.7f, strokes, spacing), 6);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(1, 0.2f, strokes, spacing), 2);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(1, 0.7f, strokes, spacing), 6);
     // The pen nearest in thickness is thinner than the width: parallel strokes.
     EXPECT_EQ(strokes, 1);
-    EXPECT_EQ(job.g.selectPenForColor(1, 1.4f, strokes, spacing), 6);
+    EXPECT_EQ(job.g.hpgl.SelectPenForColor(1, 1.4f, strokes, spacing), 6);
     EXPECT_EQ(strokes, 6);
     EXPECT_FLOAT_EQ(spacing, 5.6f);
 }

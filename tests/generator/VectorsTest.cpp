@@ -75,7 +75,7 @@ TEST(HPGLLines, PenZeroDrawsNothing) {
     g.MoveTo(10, 10);
     g.LineTo(20, 20);
     EXPECT_EQ(g.Take(), "");
-    EXPECT_EQ(g.movePending, 1);
+    EXPECT_EQ(g.hpgl.movePending, 1);
     // The move is still pending when a pen comes.
     g.DefineColor(1, 0, 0, 0);
     g.SelectDrawColor(1);
@@ -85,8 +85,8 @@ TEST(HPGLLines, PenZeroDrawsNothing) {
 
 TEST(HPGLLines, TwoStrokesGiveThreeAtMinusZeroPlus) {
     PenPlot p(false);
-    p.g.strokeCount = 2;
-    p.g.strokeSpacing = 4.0f;
+    p.g.hpgl.strokeCount = 2;
+    p.g.hpgl.strokeSpacing = 4.0f;
     p.g.MoveTo(10, 10);
     p.g.LineTo(20, 10);
     // Along -x from the end: a = pi, so the offsets go into y: -cos(a) * d.
@@ -99,8 +99,8 @@ TEST(HPGLLines, TwoStrokesGiveThreeAtMinusZeroPlus) {
 
 TEST(HPGLLines, ThreeStrokesSpreadByAnExtraHalfSpacing) {
     PenPlot p(false);
-    p.g.strokeCount = 3;
-    p.g.strokeSpacing = 4.0f;
+    p.g.hpgl.strokeCount = 3;
+    p.g.hpgl.strokeSpacing = 4.0f;
     p.g.MoveTo(10, 10);
     p.g.LineTo(10, 20);
     // Along +y: a = -pi/2, sin = -1: dx = -d.
@@ -114,7 +114,7 @@ TEST(HPGLLines, ThreeStrokesSpreadByAnExtraHalfSpacing) {
 TEST(HPGLLines, SixStrokesFromThePenChoice) {
     PenPlot p(false);
     p.g.SetDrawWidth(0.7f);  // pen 1 is 0.35 mm: 6 strokes 2.8 units apart
-    EXPECT_EQ(p.g.strokeCount, 6);
+    EXPECT_EQ(p.g.hpgl.strokeCount, 6);
     p.g.MoveTo(0, 0);  // the pen is there already: no move
     p.g.LineTo(10, 0);
     // i = -3..3: d = -8.4, -5.6, -2.8, 0, 2.8, 5.6, 8.4; along -x dy = trunc(-cos(pi) * d).
@@ -125,8 +125,8 @@ TEST(HPGLLines, SixStrokesFromThePenChoice) {
 
 TEST(HPGLLines, StrokesInRelativeMode) {
     PenPlot p(true);
-    p.g.strokeCount = 2;
-    p.g.strokeSpacing = 4.0f;
+    p.g.hpgl.strokeCount = 2;
+    p.g.hpgl.strokeSpacing = 4.0f;
     p.g.MoveTo(10, 10);
     p.g.LineTo(20, 10);
     EXPECT_EQ(p.g.Take(),
@@ -134,15 +134,15 @@ TEST(HPGLLines, StrokesInRelativeMode) {
               "PU0,4PD400,0"
               "PU-400,-4PD400,0"
               "PU-400,-4PD400,0");
-    EXPECT_EQ(p.g.originX, 800);
-    EXPECT_EQ(p.g.originY, 396);
+    EXPECT_EQ(p.g.hpgl.originX, 800);
+    EXPECT_EQ(p.g.hpgl.originY, 396);
 }
 
 TEST(HPGLLines, StrokesBetweenFarPoints) {
     // The direction comes from differences that do not fit an int.
     PenPlot p(false);
-    p.g.strokeCount = 2;
-    p.g.strokeSpacing = 4.0f;
+    p.g.hpgl.strokeCount = 2;
+    p.g.hpgl.strokeSpacing = 4.0f;
     p.g.MoveTo(-3e7f, 10);
     p.g.LineTo(3e7f, 10);
     EXPECT_EQ(p.g.Take(),
@@ -154,8 +154,8 @@ TEST(HPGLLines, StrokesBetweenFarPoints) {
 
 TEST(HPGLLines, StrokesOfInfiniteSpacingHoldAtTheIntegerLimits) {
     PenPlot p(false);
-    p.g.strokeCount = 2;
-    p.g.strokeSpacing = std::numeric_limits<float>::infinity();
+    p.g.hpgl.strokeCount = 2;
+    p.g.hpgl.strokeSpacing = std::numeric_limits<float>::infinity();
     p.g.MoveTo(10, 10);
     p.g.LineTo(20, 10);
     // Along -x: sin is a hair above 0, so the offsets across are infinite both ways and held at

@@ -16,18 +16,11 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     const std::string& Bytes() { return stream.Data(); }
     VRKPrintHPGL2Properties& Record() { return *properties; }
 
-    using VRKPrintHPGL2Generator::allocatePenTable;
-    using VRKPrintHPGL2Generator::scanLineFill;
-    using VRKPrintHPGL2Generator::suppressStrokes;
     using VRKPrintHPGL2Generator::beginPlotValue;
     using VRKPrintHPGL2Generator::closeEncodedPolyline;
     using VRKPrintHPGL2Generator::currentDrawColor;
-    using VRKPrintHPGL2Generator::currentDrawWidth;
     using VRKPrintHPGL2Generator::currentFillColor;
     using VRKPrintHPGL2Generator::currentLineType;
-    using VRKPrintHPGL2Generator::currentPen;
-    using VRKPrintHPGL2Generator::currentX;
-    using VRKPrintHPGL2Generator::currentY;
     using VRKPrintHPGL2Generator::DrvBegin;
     using VRKPrintHPGL2Generator::DrvDefineColor;
     using VRKPrintHPGL2Generator::DrvDrawArcCircle;
@@ -41,43 +34,28 @@ class HPGL2Peer : public VRKPrintHPGL2Generator {
     using VRKPrintHPGL2Generator::encodedPolylineOpen;
     using VRKPrintHPGL2Generator::fontChanged;
     using VRKPrintHPGL2Generator::hostDrawsDefaultFont;
+    using VRKPrintHPGL2Generator::hpgl;
     using VRKPrintHPGL2Generator::hpglSettings;
     using VRKPrintHPGL2Generator::lastEncodedX;
     using VRKPrintHPGL2Generator::lastEncodedY;
     using VRKPrintHPGL2Generator::linePatternLength;
-    using VRKPrintHPGL2Generator::movePending;
     using VRKPrintHPGL2Generator::originOffsetX;
     using VRKPrintHPGL2Generator::originOffsetY;
-    using VRKPrintHPGL2Generator::originX;
-    using VRKPrintHPGL2Generator::originY;
     using VRKPrintHPGL2Generator::pageHeight;
     using VRKPrintHPGL2Generator::pageRotation;
     using VRKPrintHPGL2Generator::pageWidth;
-    using VRKPrintHPGL2Generator::penBlue;
-    using VRKPrintHPGL2Generator::penCount;
-    using VRKPrintHPGL2Generator::penGreen;
-    using VRKPrintHPGL2Generator::penRed;
-    using VRKPrintHPGL2Generator::printThickness;
     using VRKPrintHPGL2Generator::properties;
-    using VRKPrintHPGL2Generator::relativeMoves;
-    using VRKPrintHPGL2Generator::selectPenForColor;
-    using VRKPrintHPGL2Generator::strokeCount;
-    using VRKPrintHPGL2Generator::strokeSpacing;
-    using VRKPrintHPGL2Generator::tableBlue;
-    using VRKPrintHPGL2Generator::tableEnabled;
-    using VRKPrintHPGL2Generator::tableGreen;
-    using VRKPrintHPGL2Generator::tableReader;
-    using VRKPrintHPGL2Generator::colorTableRecords;
-    using VRKPrintHPGL2Generator::readColorTable;
-    using VRKPrintHPGL2Generator::tableRed;
-    using VRKPrintHPGL2Generator::tableThickness;
-    using VRKPrintHPGL2Generator::matchWidth;
     using VRKPrintHPGL2Generator::textAngleOffset;
     using VRKPrintHPGL2Generator::textSize;
     using VRKPrintHPGL2Generator::textSlant;
     using VRKPrintHPGL2Generator::textTypeface;
     using VRKPrintHPGL2Generator::textWeight;
     using VRKPrintHPGL2Generator::toPlotterUnits;
+
+    // A pen of the HP-GL dialect's table.
+    const VRKPen& Pen(int number) const {
+        return hpgl.pens.Slots()[static_cast<std::size_t>(number)];
+    }
 
     // Switches the record to the HP-GL dialect.
     void UseHPGL() { properties->SetType(1); }

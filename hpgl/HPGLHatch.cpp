@@ -8,9 +8,12 @@
 #include <new>
 
 #include "generator/FillArguments.h"
-#include "generator/VRKPrintHPGL2Generator.h"
+#include "generator/PlotterUnits.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKRawCollPV.h"
 #include "host/geometry/VRKPolygonGeometry.h"
+#include "host/geometry/VRKSimplifiedPolygon.h"
+#include "hpgl/HPGLDialect.h"
 
 namespace {
 
@@ -30,19 +33,53 @@ float nextScanLine(float y, float step) {
 
 }  // namespace
 
-void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
-                                          const float* points) {
+void HPGLDialect::Fill(VRKPrintStream& s, const Area& area, HPGLSurface& surface) {
+    if (area.fillRule != 1) {
+        hatch(s, area, surface);
+        return;
+    }
+    // Without a pen of the table the hatch of every piece draws nothing: the pieces need not be
+    // made.
+    if (!CurrentPenHatches()) {
+        return;
+    }
+    // The hatch is even-odd: reduce the non-zero area to even-odd pieces first.
+    VRKRawCollPV pieces;
+    SimplifyPolygonAndGetWindingNumber(area.nbPolygons, area.nbPoints, area.points, pieces);
+    for (int i = 1; i <= pieces.Size(); ++i) {
+        const auto* piece = static_cast<const VRKSimplifiedPolygon*>(pieces[i]);
+        if (piece != nullptr && piece->windingNumber != 0) {
+            Area part = area;
+            part.nbPolygons = piece->nbPolygons;
+            part.nbPoints = piece->nbPoints;
+            part.points = piece->points;
+            hatch(s, part, surface);
+        }
+    }
+    for (int i = 1; i <= pieces.Size(); ++i) {
+        auto* piece = static_cast<VRKSimplifiedPolygon*>(pieces[i]);
+        if (piece != nullptr) {
+            delete[] piece->nbPoints;
+            delete[] piece->points;
+            delete piece;
+        }
+    }
+}
+
+void HPGLDialect::hatch(VRKPrintStream& s, const Area& area, HPGLSurface& surface) {
+    const int nbPolygons = area.nbPolygons;
+    const int* const nbPoints = area.nbPoints;
+    const float* const points = area.points;
     const long long total = fillVertexCount(nbPolygons, nbPoints, points);
     if (total < 1) {
         return;
     }
     // Pen 0 and pens outside the table have no width to hatch with, and no ink.
-    if (!currentPenHatches()) {
+    if (!CurrentPenHatches()) {
         return;
     }
-    const int pen = currentPen;
-    if (GetFillMode() == 2) {
-        FillPatternPolygon(nbPolygons, nbPoints, points);
+    if (area.fillMode == 2) {
+        surface.PatternFill(nbPolygons, nbPoints, points);
         return;
     }
     const int savedSuppress = suppressStrokes;
@@ -57,9 +94,9 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
         for (int k = 0; k < n; ++k) {
             const float x = p[2 * k], y = p[2 * k + 1];
             if (k == 0) {
-                DrvMoveTo(x, y);
+                surface.MoveTo(x, y);
             } else {
-                DrvLineTo(x, y);
+                surface.LineTo(x, y);
             }
             xmin = std::min(xmin, x);
             xmax = std::max(xmax, x);
@@ -67,13 +104,13 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
             ymax = std::max(ymax, y);
         }
         if (n > 0) {
-            DrvLineTo(p[0], p[1]);
+            surface.LineTo(p[0], p[1]);
         }
         p += 2 * static_cast<std::ptrdiff_t>(n);
     }
     xmin -= kBoxMargin;
     xmax += kBoxMargin;
-    const float step = 0.5f * tableThickness[pen];
+    const float step = 0.5f * pens.At(currentPen)->width;
 
     // A pen without width would never advance the scan line, and one whose step is below a
     // plotter unit would draw the same stroke again and again, the plotter's resolution being
@@ -141,7 +178,7 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
                 break;
             }
             SingleSort(crossings.get(), count, order.get());
-            DrvMoveTo(fromLeft ? xmin : xmax, y);
+            surface.MoveTo(fromLeft ? xmin : xmax, y);
             // Spans between crossings 1-2, 3-4, ... are drawn: even-odd.
             const auto crossing = [&](int c) {
                 return crossings[static_cast<std::size_t>(fromLeft ? c : count - 1 - c)];
@@ -149,13 +186,13 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
             for (int c = 0; c < count; ++c) {
                 const float x = crossing(c);
                 if (c % 2 == 0) {
-                    if (c + 1 < count && spanBelowPlotterUnit(x, crossing(c + 1), y)) {
+                    if (c + 1 < count && spanBelowPlotterUnit(x, crossing(c + 1), y, area)) {
                         ++c;
                         continue;
                     }
-                    DrvMoveTo(x, y);
+                    surface.MoveTo(x, y);
                 } else {
-                    DrvLineTo(x, y);
+                    surface.LineTo(x, y);
                 }
             }
             fromLeft = !fromLeft;
@@ -164,9 +201,8 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
     suppressStrokes = savedSuppress;
 
     // The hatch was drawn with the fill colour's pen: back to the draw colour's.
-    if (currentDrawColor != currentFillColor) {
-        selectPen(
-            selectPenForColor(currentDrawColor, currentDrawWidth, strokeCount, strokeSpacing));
+    if (area.drawColor != area.fillColor) {
+        UseColor(s, area.drawColor);
     }
 }
 
@@ -174,12 +210,12 @@ void VRKPrintHPGL2Generator::scanLineFill(int nbPolygons, const int* nbPoints,
 // stroke of no length: the plotter would lower the pen where it already is. An area of many thin
 // slivers would otherwise fill the plot with them. Two equal crossings (a vertex lying on the
 // scan line) still touch the paper there.
-bool VRKPrintHPGL2Generator::spanBelowPlotterUnit(float x0, float x1, float y) const {
+bool HPGLDialect::spanBelowPlotterUnit(float x0, float x1, float y, const Area& area) const {
     if (x0 == x1) {
         return false;
     }
     int px0, px1, py;
-    toPlotterUnits(x0, y, px0, py);
-    toPlotterUnits(x1, y, px1, py);
+    toPlotterUnits(x0, y, area.offsetX, area.offsetY, px0, py);
+    toPlotterUnits(x1, y, area.offsetX, area.offsetY, px1, py);
     return px0 == px1;
 }
