@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr int kEscape = 0x1b;
 // Longest value kept as written; a longer one is cut and marked.
 constexpr std::size_t kValueLimit = 32;
 

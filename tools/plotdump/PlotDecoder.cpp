@@ -106,5 +106,6 @@ void PlotDecoder::Decode() {
     flush();
     const std::string digest = in_.Finish();
     out_.Line("end of plot: " + std::to_string(in_.Offset()) + " bytes, " +
-              std::to_string(out_.Anomalies()) + " anomalies, sha256 " + digest);
+              std::to_string(out_.Anomalies()) +
+              (out_.Anomalies() == 1 ? " anomaly, sha256 " : " anomalies, sha256 ") + digest);
 }

@@ -21,7 +21,7 @@
 //   ! at byte 120: undecoded "\x01"   bytes that are none of these, up to 32 a line
 //
 // Every line that starts with '!' says something is wrong, with the offset of the bytes. The last
-// line is "end of plot: N bytes, A anomalies, sha256 HEX". Any input gives a listing, in time and
+// line is "end of plot: N bytes, A anomalies, sha256 HEX" ("1 anomaly"). Any input gives a listing, in time and
 // memory linear in its size and with no line longer than a few KiB.
 class PlotDecoder {
   public:
