@@ -168,4 +168,22 @@ TEST_F(VrkplotExpected, PlotsOfEveryJobWithEveryLanguage) {
     }
 }
 
+// `vrkplot dump`: a file, standard input, and files that cannot be read.
+TEST_F(Vrkplot, DumpListsAPlot) {
+    folder.Write("a.plt", "IN;PU1,2;LBab\x03");
+    const std::string listing =
+        "IN;\nPU 1,2; -> 1,2\nLB \"ab\"\nend of plot: 14 bytes, 0 anomalies, sha256 "
+        "1066b5de90eccae74e99e9a15a840b912513ea98100b5376ba4dabd83720ea36\n";
+    EXPECT_EQ(Run({"dump", "a.plt"}), 0) << err;
+    EXPECT_EQ(err, "");
+    EXPECT_EQ(out, listing);
+    EXPECT_EQ(Run({"dump", "-"}, {}, "", folder.File("a.plt")), 0) << err;
+    EXPECT_EQ(out, listing);
+    EXPECT_EQ(Run({"dump", "missing.plt"}), 2);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "vrkplot: missing.plt: cannot open: No such file or directory\n");
+    EXPECT_EQ(Run({"dump", "."}), 2);
+    EXPECT_EQ(err, "vrkplot: .: cannot read: Is a directory\n");
+}
+
 }  // namespace

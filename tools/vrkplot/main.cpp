@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     CLI::Option* jobsOption = app.add_option(
         "JOB", plot.jobs,
         "Job files to plot, one after another, each to its own plot; - reads standard input. "
-        "Put -- before them when a name starts with - or is 'settings' or 'printers'");
+        "Put -- before them when a name starts with - or is 'settings', 'printers' or 'dump'");
     CLI::Option* languageOption = app.add_option("-l,--language", plot.language,
                                                  "Printer language (default: HPGL2, or the "
                                                  "language of the --settings file)");
