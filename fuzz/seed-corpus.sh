@@ -2,13 +2,14 @@
 # Rebuilds the seed corpora in fuzz/corpus/TARGET/ from the project's own inputs: the job files of
 # tests/jobs and examples, the example settings files and printer list, the PNG files of the
 # examples and tests, pen and colour tables like those of the tests, and marshal buffers written
-# by the driver (build-fuzz/bin/fuzz_seed_marshal, built by scripts/fuzz.sh). Run it by hand after
-# the inputs change and commit the result; the fuzzing runs never write into these folders.
+# by the driver (build-fuzz/bin/fuzz_seed_marshal, built by scripts/fuzz.sh), and plots of the
+# job files in every language (by $VRKPLOT, default build/bin/vrkplot). Run it by hand after the
+# inputs change and commit the result; the fuzzing runs never write into these folders.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 corpus=fuzz/corpus
 rm -rf "$corpus"
-mkdir -p "$corpus"/{job,settings,pentables,marshal,png,printers}
+mkdir -p "$corpus"/{job,settings,pentables,marshal,png,printers,plotdump}
 
 # Jobs: the first byte chooses the language ('0' HPGL2, '1' HPGL, '2' HP1000GL2, '3' HP4000GL2).
 # The fuzzed player takes bitmaps from examples/images, so the paths lose their folder.
@@ -52,5 +53,24 @@ printf '<?xml version="1.0" encoding="UTF-8"?>\n<Printers>\n  <Printer name="a" 
 
 # Marshal buffers, as the driver writes them.
 build-fuzz/bin/fuzz_seed_marshal "$corpus/marshal"
+
+# Plots: every job file in every language, those of 16 KiB at most; and a few forms the driver does
+# not write (7-bit and fractional PE, a pen in PE, DT, CO, combined and cut escapes).
+vrkplot=${VRKPLOT:-build/bin/vrkplot}
+for job in tests/jobs/*.job examples/*.job; do
+  name=$(basename "$job" .job)
+  for language in HPGL2 HPGL HP1000GL2 HP4000GL2; do
+    plot=$corpus/plotdump/$name-$language
+    (cd "$(dirname "$job")" && "$OLDPWD/$vrkplot" "$(basename "$job")" -q -l "$language" -o - \
+      2>/dev/null) >"$plot" || rm -f "$plot"
+    if [ -f "$plot" ] && [ "$(stat -c %s "$plot")" -gt 16384 ]; then
+      rm -f "$plot"
+    fi
+  done
+done
+printf 'INPE7=<?_?_@_;PE>\xc8?\xc4:\xc2=\xc0\xc0<\xd0\xd0;' >"$corpus/plotdump/pe-forms"
+printf 'DT*,1;LBlabel*DT;LBtext\x03CO"a comment";SM+PA10,10PR-5,5;SMAR1,1,90;' \
+  >"$corpus/plotdump/text-forms"
+printf '\x1b*r8s8T\x1b*b3m2W\x01\x02\x1b&p3XABC\x1b*b9W\x01' >"$corpus/plotdump/escapes"
 
 echo "seed corpora: $(find "$corpus" -type f | wc -l) files, $(du -sk "$corpus" | cut -f1) KiB"

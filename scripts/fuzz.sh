@@ -25,7 +25,7 @@ scripts/setup.sh
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 
-targets=(job settings pentables marshal png printers)
+targets=(job settings pentables marshal png printers plotdump)
 bin=build-fuzz/bin
 findings=build-fuzz/findings
 known=fuzz/known-findings.txt
@@ -70,8 +70,8 @@ fault_of() {
   local report=$1 what frame
   what=$(grep -m1 -oE 'fuzz check failed: .*' "$report" ||
     grep -m1 -E '^SUMMARY: ' "$report" || echo "no report")
-  frame=$(grep -m1 -oE ' in [^ ].* /[^ ]*/(host|generator|designjet|hpgl|properties|marshal)/[^ ]+' \
-    "$report" | sed -E 's#^ in ##; s# /[^ ]*/((host|generator|designjet|hpgl|properties|marshal)/)# \1#' || true)
+  frame=$(grep -m1 -oE ' in [^ ].* /[^ ]*/(host|generator|designjet|hpgl|properties|marshal|tools)/[^ ]+' \
+    "$report" | sed -E 's#^ in ##; s# /[^ ]*/((host|generator|designjet|hpgl|properties|marshal|tools)/)# \1#' || true)
   echo "${what}${frame:+ (at ${frame})}"
 }
 
@@ -79,7 +79,7 @@ fault_of() {
 # " < ": where a timeout was, wherever in it the alarm went off.
 frames_of() {
   awk '/^ *#[0-9]+ / { seen = 1 } seen && !/^ *#[0-9]+ / { exit } { print }' "$1" |
-    grep -E ' /[^ ]*/(host|generator|designjet|hpgl|properties|marshal)/' |
+    grep -E ' /[^ ]*/(host|generator|designjet|hpgl|properties|marshal|tools)/' |
     sed -E -e 's/^ *#[0-9]+ 0x[0-9a-f]+ in //' -e 's/\(anonymous namespace\):://g' \
       -e 's/\(.*//' -e 's/.*:://' | paste -sd '<' - | sed 's/</ < /g'
 }

@@ -1,7 +1,7 @@
-// vrkplot end to end: the built program run on job files, its plots compared with the expected
-// files under tests/expected/LANGUAGE/, its errors, exit status and output files checked.
+// vrkplot end to end: the built program run on job files, its errors, exit status and output
+// files checked (VrkplotExpectedTest.cpp compares the plots of tests/jobs with tests/expected).
 //
-// VRKPLOT_PATH and VRK_TESTS_DIR come from the build.
+// VRKPLOT_PATH comes from the build.
 
 #include <gtest/gtest.h>
 
@@ -23,25 +23,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-const std::string kTests = VRK_TESTS_DIR;
-
-// A plot as it is kept under tests/expected/: the bytes made printable (ESC as \e, other control
-// and non-ASCII bytes as \xHH, the backslash doubled) with a line break after every ';', so that
-// a change shows as a readable diff. Nothing is lost: the plot's own line feeds are \x0A.
-std::string reviewText(const std::string& plot) {
-    std::string text;
-    for (const char c : Printable(plot)) {
-        text += c;
-        if (c == ';') {
-            text += '\n';
-        }
-    }
-    if (text.empty() || text.back() != '\n') {
-        text += '\n';
-    }
-    return text;
-}
 
 const std::string kA4Frame =
     "\x1b"
@@ -269,82 +250,6 @@ TEST_F(Vrkplot, PlotDoesNotDependOnTheLocale) {
     EXPECT_BYTES(ReadFileBytes(folder.File("c.plt")), ReadFileBytes(folder.File("de.plt")));
 }
 
-// ---- The job files under tests/jobs/ against tests/expected/ ---------------------------------
-
-std::vector<std::string> languagesOf(const std::string& listing) {
-    std::vector<std::string> names;
-    std::istringstream lines(listing);
-    std::string line;
-    while (std::getline(lines, line)) {
-        names.push_back(line.substr(0, line.find(' ')));
-    }
-    return names;
-}
-
-// With VRK_REGENERATE_EXPECTED=1 in the environment the test writes the expected files instead
-// of comparing with them (tests/regenerate-expected.sh); every change must then be read in
-// `git diff tests/expected` before it is committed.
-TEST_F(Vrkplot, ExpectedPlotsOfEveryJobWithEveryLanguage) {
-    const bool regenerate = std::getenv("VRK_REGENERATE_EXPECTED") != nullptr;
-    ASSERT_EQ(Run({"--list-languages"}), 0) << err;
-    const std::vector<std::string> languages = languagesOf(out);
-    ASSERT_FALSE(languages.empty());
-
-    std::vector<std::string> jobs;
-    for (const auto& entry : fs::directory_iterator(kTests + "/jobs")) {
-        if (entry.path().extension() == ".job") {
-            jobs.push_back(entry.path().stem().string());
-        }
-    }
-    std::sort(jobs.begin(), jobs.end());
-    ASSERT_GE(jobs.size(), 3u);
-
-    for (const std::string& language : languages) {
-        const std::string expectedFolder = kTests + "/expected/" + language;
-        if (regenerate) {
-            fs::create_directories(expectedFolder);
-        }
-        for (const std::string& job : jobs) {
-            SCOPED_TRACE(language + " " + job);
-            // A relative output path: generators that write the job name (the output path) into
-            // the plot give the same bytes wherever the test runs.
-            ASSERT_EQ(Run({kTests + "/jobs/" + job + ".job", "-l", language, "-o", job + ".plt"}),
-                      0)
-                << err;
-            const std::string plot = ReadFileBytes(folder.File(job + ".plt"));
-            // An HP-GL plot without a pen-down move is said to be blank.
-            const bool blank = language == "HPGL" && plot.find("PD") == std::string::npos;
-            // The frame and page jobs draw nothing, and a pen plotter cannot draw a bitmap.
-            const bool drawsNothing = job == "frame" || job == "pages" || job == "bitmap";
-            EXPECT_EQ(blank, language == "HPGL" && drawsNothing) << Printable(plot);
-            EXPECT_EQ(err, blank ? "vrkplot: warning: the plot draws nothing: no pen ever goes "
-                                   "down (the job must select a colour with SelectDrawColor "
-                                   "before it draws: pen 0 is no pen)\n"
-                                 : "");
-            const std::string text = reviewText(plot);
-            const std::string expected = expectedFolder + "/" + job + ".txt";
-            if (regenerate) {
-                std::ofstream(expected, std::ios::binary) << text;
-                continue;
-            }
-            ASSERT_TRUE(fs::exists(expected))
-                << expected << " is missing: run tests/regenerate-expected.sh and review it";
-            EXPECT_EQ(ReadFileBytes(expected), text)
-                << "the plot of " << job << ".job in " << language << " changed";
-        }
-        // No expected file is left over from a job that is gone.
-        for (const auto& entry : fs::directory_iterator(expectedFolder)) {
-            const std::string stem = entry.path().stem().string();
-            EXPECT_TRUE(std::find(jobs.begin(), jobs.end(), stem) != jobs.end())
-                << entry.path() << " has no job file";
-        }
-    }
-    if (regenerate) {
-        GTEST_SKIP() << "expected files written under " << kTests
-                     << "/expected: review them with git diff";
-    }
-}
-
 TEST_F(Vrkplot, JobFromStandardInput) {
     const std::string job = folder.Write("a4.job", "Begin\nEnd\n");
     // To standard output when no output is given, as a filter.
@@ -465,15 +370,6 @@ TEST_F(Vrkplot, QuietSaysNothing) {
     const std::uintmax_t size = std::filesystem::file_size(folder.File("lines.plt"));
     ASSERT_GE(size, 1000u);
     EXPECT_EQ(out, "lines.job -> lines.plt (HPGL2, " + std::to_string(size / 1000) + " KB)\n");
-}
-
-TEST(ReviewText, IsLossless) {
-    EXPECT_EQ(reviewText(""), "\n");
-    EXPECT_EQ(reviewText("\x1b"
-                         "EIN;PA0,0;"),
-              "\\eEIN;\nPA0,0;\n");
-    EXPECT_EQ(reviewText("LBa\nb\x03;\\"), "LBa\\x0Ab\\x03;\n\\\\\n");
-    EXPECT_EQ(reviewText("PE=<\xC0?"), "PE=<\\xC0?\n");
 }
 
 }  // namespace

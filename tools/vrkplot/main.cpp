@@ -6,6 +6,7 @@
 //   vrkplot settings [-l LANGUAGE] [--settings FILE]
 //   vrkplot printers [--add NAME [-l LANGUAGE] --destination DEST [--settings FILE]
 //                     [--description TEXT] | --remove NAME]
+//   vrkplot dump PLOT
 //   vrkplot --list-languages
 //
 // Exit status 0 when every job was plotted, 2 after any error (a job, a write, a send, the
@@ -25,6 +26,7 @@
 #include "host/xml/VRKGeneratorSettings.h"
 #include "host/xml/VRKLightXmlElement.h"
 #include "host/xml/VRKLightXmlFile.h"
+#include "tools/vrkplot/DumpCommand.h"
 #include "tools/vrkplot/JobPlotter.h"
 #include "tools/vrkplot/Languages.h"
 #include "tools/vrkplot/PlotCommand.h"
@@ -56,7 +58,7 @@ int main(int argc, char** argv) {
     CLI::Option* jobsOption = app.add_option(
         "JOB", plot.jobs,
         "Job files to plot, one after another, each to its own plot; - reads standard input. "
-        "Put -- before them when a name starts with - or is 'settings' or 'printers'");
+        "Put -- before them when a name starts with - or is 'settings', 'printers' or 'dump'");
     CLI::Option* languageOption = app.add_option("-l,--language", plot.language,
                                                  "Printer language (default: HPGL2, or the "
                                                  "language of the --settings file)");
@@ -140,6 +142,12 @@ int main(int argc, char** argv) {
         option->needs(addOption);
     }
     printersCommand->add_flag("-q,--quiet", printers.quiet, "Do not say what was changed");
+    CLI::App* dumpCommand = app.add_subcommand(
+        "dump",
+        "Prints a plot file as a listing, one instruction a line: PJL lines, PCL escapes, HP-GL "
+        "and HP-GL/2 instructions with PE data decoded, raster rows by their size");
+    DumpCommand dump;
+    dumpCommand->add_option("PLOT", dump.plot, "The plot file; - reads standard input")->required();
     app.require_subcommand(0, 1);
     app.set_version_flag("--version", std::string("vrkplot ") + VRK_VERSION);
 
@@ -153,6 +161,11 @@ int main(int argc, char** argv) {
         std::cerr << "vrkplot: printers --add needs --destination (a path, "
                      "socket://HOST[:PORT], lp:QUEUE or serial:DEVICE)\n";
         return kFailure;
+    }
+
+    // The listing reads the plot's bytes alone: it needs no driver.
+    if (dumpCommand->parsed()) {
+        return dump.Run();
     }
 
     std::string error;
