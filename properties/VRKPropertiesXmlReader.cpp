@@ -131,6 +131,14 @@ VRKResult VRKPropertiesXmlReader::ReadHPGL(VRKPropertiesXmlNode& node,
     return S_OK;
 }
 
+VRKResult VRKPropertiesXmlReader::ReadHPGLElement(VRKPropertiesXmlNode& node,
+                                                  VRKPrintHPGLProperties& record) {
+    if (!named(node, "HPGLProperties")) {
+        return E_FAIL;
+    }
+    return ReadHPGL(node, record);
+}
+
 VRKResult VRKPropertiesXmlReader::ReadHP1055C(VRKPropertiesXmlNode& node,
                                               VRKPrintHP1055CProperties& record) {
     if (!named(node, "HP1000GL2Properties")) {
