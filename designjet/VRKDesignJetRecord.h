@@ -1,7 +1,5 @@
 #pragma once
 
-#include <new>
-
 // The property record a DesignJet generator owns: none until one is set or a job needs one, then
 // held with a reference of the generator's own and released when replaced or when the generator
 // goes.
@@ -24,10 +22,12 @@ class VRKDesignJetRecord {
         }
         record_ = record;
     }
-    // The record, created with its defaults when there is none; null only when memory runs out.
-    Record* Ensure() {
+    // The record, made by `make` (a new record with one reference, or null) when there is none;
+    // null only when that fails.
+    template <typename Make>
+    Record* Ensure(Make make) {
         if (record_ == nullptr) {
-            record_ = new (std::nothrow) Record;
+            record_ = make();
         }
         return record_;
     }

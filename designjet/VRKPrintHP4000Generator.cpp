@@ -4,8 +4,6 @@
 #include <string>
 
 #include "host/core/VRKClassRegistration.h"
-#include "properties/VRKPrintHP4000Properties.h"
-#include "properties/VRKPrintHPGL2Properties.h"
 
 VRK_DEFINE_CLASS(VRKPrintHP4000Generator, VRKPrintHPGL2Generator, "VRKNull", "Print")
 
@@ -58,37 +56,18 @@ VRKBaseUnknown* fctCreateVRKPrintHP4000Generator() {
     return new (std::nothrow) VRKPrintHP4000Generator;
 }
 
-VRKPrintHP4000Generator::VRKPrintHP4000Generator() : VRKPrintDesignJetGenerator("HP4000GL2") {}
+VRKPrintHP4000Generator::VRKPrintHP4000Generator()
+    : VRKPrintDesignJetGenerator("HP4000GL2", &NewRecord<VRKPrintHP4000Properties>) {}
 
-// The record goes with the generator; its class is complete only here.
-VRKPrintHP4000Generator::~VRKPrintHP4000Generator() = default;
-
-VRKBaseUnknown* VRKPrintHP4000Generator::GetProperties() {
-    return designJetProperties.Get();
-}
-
-VRKBaseUnknown* VRKPrintHP4000Generator::EnsureProperties() {
-    return designJetProperties.Ensure();
-}
-
-void VRKPrintHP4000Generator::SetHP4000Properties(VRKPrintHP4000Properties* record) {
-    designJetProperties.Set(record);
-}
-
-void VRKPrintHP4000Generator::DrvBegin(const VRKPrintParameters& params) {
-    if (EnsureProperties() == nullptr) {
-        return;
-    }
-    VRKPrintHP4000Properties& record = *designJetProperties.Get();
+void VRKPrintHP4000Generator::startModelJob(const VRKPrintParameters& params) {
+    VRKPrintHP4000Properties& record = *designJetRecord<VRKPrintHP4000Properties>();
     // Media source 1 is the roll on this model, 0 manual feed: the reverse of the 1000 series.
     const char* mediaSource = record.GetMediaSource() != 0 ? "ROLL1" : "MANUALFEED";
     const char* printArea = record.GetInkedArea() == 1 ? "INKEDAREA" : "FULLSIZE";
     const char* maxDetail = record.GetMaxDetail() == 1 ? "ON" : "OFF";
     const char* ret = record.GetRet() == 1 ? "ON" : "OFF";
 
-    pjlJobLine();
-    // "HPDesignet" is how the printers' job logs have always shown this driver; kept as it is.
-    pjlLine("@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 4000 Series");
+    pjlCommentLine("4000");
     pjlLine("@PJL SET MIRROR=OFF");
     pjlLine(std::string("@PJL SET RESOLUTION=") + resolutionOf(record.GetResolution()));
     pjlLine(std::string("@PJL SET RENDERMODE=") + renderModeOf(params.GetColorMode()));
@@ -98,18 +77,22 @@ void VRKPrintHP4000Generator::DrvBegin(const VRKPrintParameters& params) {
     pjlLine(std::string("@PJL SET MEDIASOURCE=") + mediaSource);
     pjlLine(std::string("@PJL SET PRINTQUALITY=") + printQualityOf(record.GetPrintQuality()));
     pjlLine(std::string("@PJL SET MAXDETAIL=") + maxDetail);
-    pjlLine("@PJL ENTER LANGUAGE=HPGL2");
 
     SetBeginPlotValue(record.GetAutoRotate() == 1 ? 0 : 2);
     // Print quality went out in PJL; the body must not carry a QL of its own.
     record.SetQuality(-1);
+    setBodySettings(record.GetMediaType(), record.GetCutterState(), record.GetQuality());
     if (VRKPrintHPGL2Properties* body = GetHPGL2Properties()) {
-        body->SetMediaType(record.GetMediaType());
-        body->SetCutterState(record.GetCutterState());
-        body->SetQuality(record.GetQuality());
         body->SetType(record.GetType());
     }
-    VRKPrintHPGL2Generator::DrvBegin(params);
+}
+
+VRKPrintHP4000Properties* VRKPrintHP4000Generator::GetHP4000Properties() const {
+    return designJetRecord<VRKPrintHP4000Properties>();
+}
+
+void VRKPrintHP4000Generator::SetHP4000Properties(VRKPrintHP4000Properties* record) {
+    setDesignJetRecord(record);
 }
 
 void VRKPrintHP4000Generator::DrvEnd() {

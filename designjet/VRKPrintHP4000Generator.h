@@ -1,9 +1,7 @@
 #pragma once
 
-#include "designjet/VRKDesignJetRecord.h"
 #include "designjet/VRKPrintDesignJetGenerator.h"
-
-class VRKPrintHP4000Properties;
+#include "properties/VRKPrintHP4000Properties.h"
 
 // The DesignJet 4000 series: HP-GL/2 inside a PJL job that sets resolution, render mode, print
 // quality, max detail, print area, media source and RET. Print quality travels in PJL, so the
@@ -13,22 +11,17 @@ class VRKPrintHP4000Generator final : public VRKPrintDesignJetGenerator {
 
   public:
     VRKPrintHP4000Generator();
-    ~VRKPrintHP4000Generator() override;
 
-    // The DesignJet record: null until one is set or the first job creates one with defaults.
-    VRKBaseUnknown* GetProperties() override;
-    // Creates the record with its defaults when there is none yet.
-    VRKBaseUnknown* EnsureProperties() override;
-    VRKPrintHP4000Properties* GetHP4000Properties() const { return designJetProperties.Get(); }
+    // The DesignJet record (GetProperties()): null until one is set or the first job creates one
+    // with defaults.
+    VRKPrintHP4000Properties* GetHP4000Properties() const;
     // Takes a reference to the record (null drops the current one).
     void SetHP4000Properties(VRKPrintHP4000Properties* record);
 
   protected:
-    void DrvBegin(const VRKPrintParameters& params) override;
+    void startModelJob(const VRKPrintParameters& params) override;
+    // This model's job ends after an empty line.
     void DrvEnd() override;
-
-  private:
-    VRKDesignJetRecord<VRKPrintHP4000Properties> designJetProperties;
 };
 
 // Creates a DesignJet 4000 generator, or returns null.

@@ -1,25 +1,13 @@
 #pragma once
 
-#include "host/core/VRKDataExtension.h"
-#include "host/core/VRKIPrtGeneratorProperties.h"
+#include "properties/VRKGeneratorSettingsImpl.h"
+#include "properties/VRKHPGL2SettingsForm.h"
+#include "properties/VRKPrintHPGL2Properties.h"
 
-class VRKPrintHPGL2Generator;
-
-// The settings interface of the HP-GL/2 generator. The record's Type says the form: HP-GL/2
-// settings in "HPGL2Properties", or the HP-GL settings (pens, origin) of the generator in
-// "HPGLProperties". In the DOM the element keeps its name and an attribute "Type" ("HPGL2" or
-// "HPGL") says the form instead. Changes go straight into the generator's live records.
-class VRKPrintHPGL2GeneratorImpl : public VRKDataExtension {
+// The settings interface of the HP-GL/2 generator: its record in the HP-GL/2 form or, in the HP-GL
+// dialect, the record's HP-GL settings in the HP-GL form (VRKHPGL2SettingsForm).
+class VRKPrintHPGL2GeneratorImpl : public VRKGeneratorSettingsImpl<VRKHPGL2SettingsForm> {
     VRK_DECLARE_CLASS(VRKPrintHPGL2GeneratorImpl)
-
-  public:
-    VRKResult ReadFromDOM(const VRKSmartRef<VRKIDOMElement>& element);
-    VRKResult ReadFromXml(VRKLightXmlElement& element);
-    VRKResult WriteToDOM(const VRKSmartRef<VRKIDOMElement>& element);
-    VRKResult WriteToXml(VRKLightXmlElement& element);
-
-  private:
-    VRKPrintHPGL2Generator* generator() const;
 };
 
 // Wraps an implementation in its TIE object; null when it is not one of this class.

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <vector>
 
 #include "host/core/VRKLocalDecimalChar.h"
 #include "host/core/VRKPlotterRange.h"
@@ -67,40 +66,41 @@ bool named(const VRKPropertiesXmlNode& node, const char* expected) {
 }
 
 void readPens(VRKPropertiesXmlNode& pens, VRKPrintHPGLProperties& record) {
-    constexpr int kSlots = VRKPrintHPGLProperties::kPenSlots;
-    int count = record.GetPenCount();
-    // Copies of all 32 slots of the record's arrays: pens past the current count that the file
-    // brings into the count without naming them keep the record's values.
-    const auto size = static_cast<size_t>(std::max(count, kSlots));
-    std::vector<float> red(size), green(size), blue(size), width(size);
-    std::vector<int> enable(size);
-    record.GetPenSlots(red.data(), green.data(), blue.data(), width.data(), enable.data());
+    // A copy of all 32 slots: pens past the current count that the file brings into the count
+    // without naming them keep the record's values.
+    const VRKPenTable& before = record.GetPenTable();
+    VRKPenTable table = before;
+    int count = table.Count();
 
     for (std::unique_ptr<VRKPropertiesXmlNode> pen = pens.FirstChild(); pen != nullptr;
          pen = pen->NextSibling()) {
         if (!named(*pen, "pen")) {
             continue;
         }
-        // A pen without a usable number addresses pen 0. Negative numbers become large as
-        // unsigned and fall out with those of 32 and more, and so do numbers beyond the int.
+        // A pen without a usable number addresses pen 0. Negative numbers and numbers beyond
+        // the int fall out with those of 32 and more, for which there is no slot.
         int number = 0;
-        if (!scanInteger(pen->GetAttribute("number"), number) ||
-            static_cast<unsigned>(number) >= static_cast<unsigned>(kSlots)) {
+        VRKPen* slot =
+            scanInteger(pen->GetAttribute("number"), number) ? table.At(number) : nullptr;
+        if (slot == nullptr) {
             continue;
         }
-        const auto at = static_cast<size_t>(number);
-        scanReal(pen->GetAttribute("red"), red[at], false);
-        scanReal(pen->GetAttribute("green"), green[at], false);
-        scanReal(pen->GetAttribute("blue"), blue[at], false);
-        scanReal(pen->GetAttribute("width"), width[at], true);
-        readYesNo(*pen, "enable", [&](int code) { enable[at] = code; });
+        scanReal(pen->GetAttribute("red"), slot->red, false);
+        scanReal(pen->GetAttribute("green"), slot->green, false);
+        scanReal(pen->GetAttribute("blue"), slot->blue, false);
+        scanReal(pen->GetAttribute("width"), slot->width, true);
+        readYesNo(*pen, "enable", [&](int code) { slot->enable = code; });
         // The count only grows, and only past its current value: a pen numbered as the count is
-        // stored but stays outside it. Files written by earlier versions rely on exactly this.
+        // read but stays outside it. Files written by earlier versions rely on exactly this.
         if (number > count) {
             count = number;
         }
     }
-    record.SetPens(count, red.data(), green.data(), blue.data(), width.data(), enable.data());
+    // Only the slots within the new count take what was read; the others keep the record's.
+    table.SetCount(count);
+    std::copy(before.Slots().begin() + table.UsedSlots(), before.Slots().end(),
+              table.Slots().begin() + table.UsedSlots());
+    record.SetPenTable(table);
 }
 
 }  // namespace
@@ -129,6 +129,14 @@ VRKResult VRKPropertiesXmlReader::ReadHPGL(VRKPropertiesXmlNode& node,
         readPens(*pens, record);
     }
     return S_OK;
+}
+
+VRKResult VRKPropertiesXmlReader::ReadHPGLElement(VRKPropertiesXmlNode& node,
+                                                  VRKPrintHPGLProperties& record) {
+    if (!named(node, "HPGLProperties")) {
+        return E_FAIL;
+    }
+    return ReadHPGL(node, record);
 }
 
 VRKResult VRKPropertiesXmlReader::ReadHP1055C(VRKPropertiesXmlNode& node,

@@ -21,6 +21,7 @@ class VRKPropertiesXmlReader {
     // The attributes and pens of an "HPGLProperties" element; the caller has checked the name.
     static VRKResult ReadHPGL(VRKPropertiesXmlNode& node, VRKPrintHPGLProperties& record);
     // E_FAIL, with nothing read, for an element of another name.
+    static VRKResult ReadHPGLElement(VRKPropertiesXmlNode& node, VRKPrintHPGLProperties& record);
     static VRKResult ReadHP1055C(VRKPropertiesXmlNode& node, VRKPrintHP1055CProperties& record);
     static VRKResult ReadHP4000(VRKPropertiesXmlNode& node, VRKPrintHP4000Properties& record);
 };

@@ -1,9 +1,7 @@
 #include "properties/VRKPropertiesXmlWriter.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <string>
-#include <vector>
 
 #include "properties/VRKPrintHP1055CProperties.h"
 #include "properties/VRKPrintHP4000Properties.h"
@@ -64,33 +62,25 @@ VRKResult VRKPropertiesXmlWriter::WriteHPGL(VRKPropertiesXmlNode& node,
         return E_FAIL;
     }
 
-    // Scratch copies of the pen table, as many entries as the record has pens (the getters copy
-    // exactly that many).
-    const int count = record.GetPenCount();
-    const auto slots = static_cast<size_t>(std::max(count, 1));
-    std::vector<float> red(slots), green(slots), blue(slots), width(slots);
-    std::vector<int> enable(slots);
-    record.GetPenColors(red.data(), green.data(), blue.data());
-    record.GetPenWidths(width.data());
-    record.GetPenEnables(enable.data());
-
     std::unique_ptr<VRKPropertiesXmlNode> pens = node.CreateChild("pens");
     if (pens == nullptr) {
         return S_OK;
     }
-    // Pen 0 stands for "no pen" and is never written.
-    for (int i = 1; i < count; ++i) {
+    // Pen 0 stands for "no pen" and is never written. A count beyond the 32 slots writes the pens
+    // that have no slot as zeros.
+    const VRKPenTable& table = record.GetPenTable();
+    for (int i = 1; i < table.Count(); ++i) {
         std::unique_ptr<VRKPropertiesXmlNode> pen = pens->CreateChild("pen");
         if (pen == nullptr) {
             break;
         }
-        const auto at = static_cast<size_t>(i);
+        const VRKPen values = table.At(i) != nullptr ? *table.At(i) : VRKPen{};
         pen->SetAttribute("number", integerText(i));
-        pen->SetAttribute("red", floatText(red[at]));
-        pen->SetAttribute("green", floatText(green[at]));
-        pen->SetAttribute("blue", floatText(blue[at]));
-        pen->SetAttribute("width", floatText(width[at]));
-        writeYesNo(*pen, "enable", enable[at]);
+        pen->SetAttribute("red", floatText(values.red));
+        pen->SetAttribute("green", floatText(values.green));
+        pen->SetAttribute("blue", floatText(values.blue));
+        pen->SetAttribute("width", floatText(values.width));
+        writeYesNo(*pen, "enable", values.enable);
         pens->AppendChild(*pen);
     }
     node.AppendChild(*pens);

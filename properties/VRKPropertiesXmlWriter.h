@@ -20,7 +20,11 @@ class VRKPropertiesXmlWriter {
     // "HPGLProperties": origin, relativeMovePen, printThickness and the "pens" child. E_FAIL when
     // the element cannot make children; the three attributes are written by then.
     static VRKResult WriteHPGL(VRKPropertiesXmlNode& node, const VRKPrintHPGLProperties& record,
-                               bool setName = true);
+                               bool setName);
+    // The same, naming the element (the form a settings interface takes as its writer).
+    static VRKResult WriteHPGL(VRKPropertiesXmlNode& node, const VRKPrintHPGLProperties& record) {
+        return WriteHPGL(node, record, true);
+    }
     // "HP1000GL2Properties" with its feeder child.
     static VRKResult WriteHP1055C(VRKPropertiesXmlNode& node,
                                   const VRKPrintHP1055CProperties& record);

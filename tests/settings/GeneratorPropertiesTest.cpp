@@ -399,12 +399,22 @@ TEST(GeneratorProperties, HPGL2FormReadInHPGLModeStaysInHPGLMode) {
     EXPECT_EQ(Dump(out), kDefaultHPGL);
 }
 
-TEST(GeneratorProperties, HPGLFormFailsWithoutTheGeneratorsHPGLSettings) {
+// The HP-GL settings a record owns, open to the tests: a record whose settings could not be made
+// is one whose member is null.
+struct HPGLSettingsOfRecord : VRKPrintHPGL2Properties {
+    static VRKPrintHPGLProperties*& Of(VRKPrintHPGL2Properties& record) {
+        return record.*(&HPGLSettingsOfRecord::hpglProperties);
+    }
+};
+
+TEST(GeneratorProperties, HPGLFormFailsWithoutTheRecordsHPGLSettings) {
     HPGL2Peer peer;
-    VRKPrintHPGLProperties* saved = peer.hpglSettings;
+    VRKPrintHPGLProperties*& owned = HPGLSettingsOfRecord::Of(peer.Record());
+    VRKPrintHPGLProperties* saved = owned;
+    ASSERT_EQ(saved, peer.hpglSettings);
     auto settings = VRKQueryInterface<VRKIPrtGeneratorProperties>(&peer);
     ASSERT_TRUE(settings);
-    peer.hpglSettings = nullptr;
+    owned = nullptr;
 
     // The HP-GL/2 form does not need them.
     VRKLightXmlElement hpgl2 = Light("<HPGL2Properties quality=\"7\"/>");
@@ -427,7 +437,7 @@ TEST(GeneratorProperties, HPGLFormFailsWithoutTheGeneratorsHPGLSettings) {
     EXPECT_EQ(settings->WriteToDOM(RootOf(document)), E_FAIL);
     EXPECT_EQ(Dump(LightOfDOM(document)), "<S Type=\"HPGL\" origin=\"Center\"/>");
 
-    peer.hpglSettings = saved;
+    owned = saved;
     EXPECT_EQ(saved->GetOrigin(), 1);
     settings.reset();
     EXPECT_EQ(peer.GetRefCount(), 1u);
