@@ -32,13 +32,7 @@ void VRKPrintHPGL2Generator::DrvBegin(const VRKPrintParameters& params) {
         HPGL2Writer::Quality(s, properties->GetQuality());
     }
     writePageSetup(params);
-    // 256 palette pens, transparency and merge off, no pen yet, mitred joins with limit 2.
-    HPGL2Writer::NumberOfPens(s, 256);
-    HPGL2Writer::Transparency(s, 0);
-    HPGL2Writer::MergeControl(s, 0);
-    HPGL2Writer::SelectPen(s, 0);
-    HPGL2Writer::LineAttribute(s, 2, 2);
-    HPGL2Writer::MoreLineAttribute(s, 3, 2);
+    HPGL2Writer::JobDefaults(s);
 }
 
 void VRKPrintHPGL2Generator::hpglJobStart(const VRKPrintParameters& params) {

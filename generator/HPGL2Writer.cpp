@@ -68,16 +68,10 @@ void Rotate(VRKPrintStream& s, int degrees) {
     integers(s, "RO", degrees);
 }
 
-void NumberOfPens(VRKPrintStream& s, int pens) {
-    integers(s, "NP", pens);
-}
-
-void Transparency(VRKPrintStream& s, int mode) {
-    integers(s, "TR", mode);
-}
-
-void MergeControl(VRKPrintStream& s, int mode) {
-    integers(s, "MC", mode);
+void JobDefaults(VRKPrintStream& s) {
+    static constexpr auto kText = Joined(kNumberOfPens, "256", kTransparency, "0", kMergeControl,
+                                         "0", kSelectPen, "0", kLineAttributes, "2,2,3,2");
+    s.Write(std::string_view(kText.data(), kText.size()));
 }
 
 void AdvancePage(VRKPrintStream& s) {
@@ -196,7 +190,7 @@ void Bezier(VRKPrintStream& s, const double (&xy)[6]) {
 }
 
 void SelectPen(VRKPrintStream& s, long long pen) {
-    integers(s, "SP", pen);
+    integers(s, kSelectPen, pen);
 }
 
 void PenColor(VRKPrintStream& s, int index, long long red, long long green, long long blue) {
@@ -213,14 +207,7 @@ void PenWidth(VRKPrintStream& s, double width) {
 }
 
 void LineAttribute(VRKPrintStream& s, int kind, int value) {
-    integers(s, "LA", kind, value);
-}
-
-void MoreLineAttribute(VRKPrintStream& s, int kind, int value) {
-    s.Put(',');
-    s.WriteInt(kind);
-    s.Put(',');
-    s.WriteInt(value);
+    integers(s, kLineAttributes, kind, value);
 }
 
 namespace {

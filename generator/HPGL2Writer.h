@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -16,12 +19,28 @@
 // stream's notation (fixed, two decimals, from job start on).
 namespace HPGL2Writer {
 
-// The instruction terminator, and the separator between parameters.
+// The mnemonics that also go into fixed texts made at compile time.
+inline constexpr char kNumberOfPens[] = "NP";
+inline constexpr char kTransparency[] = "TR";
+inline constexpr char kMergeControl[] = "MC";
+inline constexpr char kSelectPen[] = "SP";
+inline constexpr char kLineAttributes[] = "LA";
+
+// The parts joined into one text at compile time, for instructions that never change.
+template <std::size_t... N>
+consteval std::array<char, (N + ...) - sizeof...(N)> Joined(const char (&... parts)[N]) {
+    std::array<char, (N + ...) - sizeof...(N)> text{};
+    std::size_t at = 0;
+    ((std::copy_n(parts, N - 1, text.begin() + static_cast<std::ptrdiff_t>(at)), at += N - 1), ...);
+    return text;
+}
+
+// The instruction terminator.
 inline void End(VRKPrintStream& s) {
     s.Put(';');
 }
 
-// ---- Job frame: IN, BP, MT, EC, QL, PS, IP, RO, NP, TR, MC, PG -----------------------------
+// ---- Job frame: IN, BP, MT, EC, QL, PS, IP, RO, PG, and the defaults NP, TR, MC, SP, LA -----------------------------
 
 // PCL printer reset, then HP-GL/2 with the previous pen position.
 void ResetAndEnter(VRKPrintStream& s);
@@ -36,11 +55,10 @@ void PlotSize(VRKPrintStream& s, int length, int width);
 // "IP0,0," and the upper right corner: the input window from the origin.
 void InputWindow(VRKPrintStream& s, int x, int y);
 void Rotate(VRKPrintStream& s, int degrees);
-// "NP" and the size of the palette.
-void NumberOfPens(VRKPrintStream& s, int pens);
-void Transparency(VRKPrintStream& s, int mode);
-void MergeControl(VRKPrintStream& s, int mode);
 void AdvancePage(VRKPrintStream& s);
+// The settings every HP-GL/2 job starts from: 256 palette pens, transparency and merge off, no
+// pen yet, mitred joins with a mitre limit of 2.
+void JobDefaults(VRKPrintStream& s);
 
 // ---- Pen moves: PU, PD, PA, PR and Polyline Encoded runs -----------------------------------
 
@@ -104,8 +122,6 @@ void PenColor(VRKPrintStream& s, int index, long long red, long long green, long
 void PenWidth(VRKPrintStream& s, double width);
 // "LA" kind "," value, for one line attribute (1 ends, 2 joins, 3 mitre limit).
 void LineAttribute(VRKPrintStream& s, int kind, int value);
-// A further kind and value pair of the same LA.
-void MoreLineAttribute(VRKPrintStream& s, int kind, int value);
 
 // ---- Labels: SD, SS, SL, DI, LO, LB ----------------------------------------------------------
 

@@ -34,9 +34,7 @@ TEST(HPGL2Writer, JobFrame) {
     EXPECT_EQ(Written([](auto& s) { W::PlotSize(s, 11880, 8400); }), "PS11880,8400");
     EXPECT_EQ(Written([](auto& s) { W::InputWindow(s, 8400, 11880); }), "IP0,0,8400,11880");
     EXPECT_EQ(Written([](auto& s) { W::Rotate(s, 270); }), "RO270");
-    EXPECT_EQ(Written([](auto& s) { W::NumberOfPens(s, 256); }), "NP256");
-    EXPECT_EQ(Written([](auto& s) { W::Transparency(s, 0); }), "TR0");
-    EXPECT_EQ(Written([](auto& s) { W::MergeControl(s, 0); }), "MC0");
+    EXPECT_EQ(Written(W::JobDefaults), "NP256TR0MC0SP0LA2,2,3,2");
     EXPECT_EQ(Written(W::AdvancePage), "PG");
     EXPECT_EQ(Written(W::End), ";");
 }
@@ -99,11 +97,7 @@ TEST(HPGL2Writer, PensAndLines) {
     EXPECT_EQ(Written([](auto& s) { W::SelectPen(s, 255); }), "SP255");
     EXPECT_EQ(Written([](auto& s) { W::PenColor(s, 3, 255, 0, 127); }), "PC3,255,0,127");
     EXPECT_EQ(Written([](auto& s) { W::PenWidth(s, 0.35f); }), "PW0.35");
-    EXPECT_EQ(Written([](auto& s) {
-                  W::LineAttribute(s, 2, 2);
-                  W::MoreLineAttribute(s, 3, 2);
-              }),
-              "LA2,2,3,2");
+    EXPECT_EQ(Written([](auto& s) { W::LineAttribute(s, 1, 4); }), "LA1,4");
 }
 
 TEST(HPGL2Writer, Labels) {
