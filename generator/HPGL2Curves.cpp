@@ -86,24 +86,8 @@ void VRKPrintHPGL2Generator::writeArcOutline(VRKPrintStream& s, double centreX, 
     const bool zero = angle == 0.0;
     const double startX = centreX + (zero ? 1.0 : std::cos(angle)) * radius;
     const double startY = centreY + (zero ? angle : std::sin(angle)) * radius;
-    if (s.IsFixed() && s.GetPrecision() == 2) {
-        // Circle after circle has the same sweep: its text is kept.
-        if (std::bit_cast<std::uint64_t>(sweep) != sweepBits || sweepLength == 0) {
-            const char* const end = formatFixed2Quick(sweepText, sweep);
-            sweepBits = std::bit_cast<std::uint64_t>(sweep);
-            sweepLength = end != nullptr ? static_cast<int>(end - sweepText) : 0;
-        }
-        // From angle 0 the arc starts level with the centre: the same bits (signed zero
-        // included) give the same text, made once.
-        const bool sameY =
-            std::bit_cast<std::uint64_t>(startY) == std::bit_cast<std::uint64_t>(centreY);
-        if (sweepLength > 0 &&
-            HPGL2Writer::ArcOutlineQuick(s, startX * 40.0, startY * 40.0, centreX * 40.0,
-                                         centreY * 40.0, sweepText, sweepLength, sameY)) {
-            return;
-        }
-    }
-    HPGL2Writer::ArcOutline(s, startX * 40.0, startY * 40.0, centreX * 40.0, centreY * 40.0, sweep);
+    HPGL2Writer::ArcOutline(s, startX * 40.0, startY * 40.0, centreX * 40.0, centreY * 40.0, sweep,
+                            arcSweep);
 }
 
 void VRKPrintHPGL2Generator::DrvDrawArcEllipse(float cx, float cy, float rx, float ry, float start,

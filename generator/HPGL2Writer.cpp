@@ -1,5 +1,6 @@
 #include "generator/HPGL2Writer.h"
 
+#include <bit>
 #include <cstring>
 
 #include "generator/PCLEscapes.h"
@@ -27,7 +28,10 @@ void nextReal(VRKPrintStream& s, double value) {
 }
 
 // The chord angle every arc and wedge is drawn with: half a degree.
-constexpr char kHalfDegreeChords[] = ",.5";
+constexpr std::string_view kHalfDegreeChords = ",.5";
+constexpr std::string_view kPenUp = "PU";
+constexpr std::string_view kPenDownHere = "PD;";
+constexpr std::string_view kArcAbsolute = "AA";
 
 }  // namespace
 
@@ -79,11 +83,14 @@ void AdvancePage(VRKPrintStream& s) {
 }
 
 void PenUp(VRKPrintStream& s) {
-    s.Write("PU");
+    s.Write(kPenUp);
 }
 
 void PenUp(VRKPrintStream& s, long long x, long long y) {
-    integers(s, "PU", x, y);
+    PenUp(s);
+    s.WriteInt(x);
+    s.Put(',');
+    s.WriteInt(y);
 }
 
 void PenDown(VRKPrintStream& s, long long x, long long y) {
@@ -91,13 +98,13 @@ void PenDown(VRKPrintStream& s, long long x, long long y) {
 }
 
 void PenUpAt(VRKPrintStream& s, double x, double y) {
-    s.Write("PU");
+    PenUp(s);
     s.WriteFloat(x);
     nextReal(s, y);
 }
 
 void PenDownHere(VRKPrintStream& s) {
-    s.Write("PD;");
+    s.Write(kPenDownHere);
 }
 
 void PlotAbsolute(VRKPrintStream& s) {
@@ -109,26 +116,27 @@ void PlotRelative(VRKPrintStream& s) {
 }
 
 void ArcAbsolute(VRKPrintStream& s, double cx, double cy, double sweep) {
-    s.Write("AA");
+    s.Write(kArcAbsolute);
     s.WriteFloat(cx);
     nextReal(s, cy);
     nextReal(s, sweep);
     s.Write(kHalfDegreeChords);
 }
 
-void ArcOutline(VRKPrintStream& s, double x, double y, double cx, double cy, double sweep) {
-    PenUpAt(s, x, y);
-    PenDownHere(s);
-    ArcAbsolute(s, cx, cy, sweep);
-}
+namespace {
 
-bool ArcOutlineQuick(VRKPrintStream& s, double x, double y, double cx, double cy,
-                     const char* sweepText, int sweepLength, bool sameY) {
-    // The whole outline goes into the room of one claim, the cursor moved once at the end. At
-    // most 63 bytes, and the copies of made texts take 16.
+// The outline in one piece, in the room of one claim, the cursor moved once at the end; false,
+// with nothing written, when a number lacks the quick form. At most 63 bytes, and the copies of
+// made texts take 16.
+bool quickArcOutline(VRKPrintStream& s, double x, double y, double cx, double cy,
+                     const ArcSweepText& sweep) {
     char* p = s.Claim(96);
-    std::memcpy(p, "PU", 2);
-    p = formatFixed2Quick(p + 2, x);
+    const auto put = [&p](std::string_view text) {
+        std::memcpy(p, text.data(), text.size());
+        p += text.size();
+    };
+    put(kPenUp);
+    p = formatFixed2Quick(p, x);
     if (p == nullptr) {
         return false;
     }
@@ -139,14 +147,16 @@ bool ArcOutlineQuick(VRKPrintStream& s, double x, double y, double cx, double cy
         return false;
     }
     const std::ptrdiff_t yLength = p - yText;
-    std::memcpy(p, "PD;AA", 5);
-    p = formatFixed2Quick(p + 5, cx);
+    put(kPenDownHere);
+    put(kArcAbsolute);
+    p = formatFixed2Quick(p, cx);
     if (p == nullptr) {
         return false;
     }
     *p++ = ',';
-    if (sameY) {
-        // 16 bytes, the text and scratch after it, from the start's y a few bytes back.
+    if (std::bit_cast<std::uint64_t>(y) == std::bit_cast<std::uint64_t>(cy)) {
+        // From angle 0 the arc starts level with the centre: the same text, copied (16 bytes,
+        // the text and scratch after it) from the start's y a few bytes back.
         std::memmove(p, yText, 16);
         p += yLength;
     } else {
@@ -156,11 +166,24 @@ bool ArcOutlineQuick(VRKPrintStream& s, double x, double y, double cx, double cy
         }
     }
     *p++ = ',';
-    std::memcpy(p, sweepText, 16);
-    p += sweepLength;
-    std::memcpy(p, kHalfDegreeChords, 3);
-    s.Advance(p + 3);
+    std::memcpy(p, sweep.Text(), 16);
+    p += sweep.Length();
+    put(kHalfDegreeChords);
+    s.Advance(p);
     return true;
+}
+
+}  // namespace
+
+void ArcOutline(VRKPrintStream& s, double x, double y, double cx, double cy, double sweep,
+                ArcSweepText& kept) {
+    if (s.IsFixed() && s.GetPrecision() == 2 && kept.Update(sweep) &&
+        quickArcOutline(s, x, y, cx, cy, kept)) {
+        return;
+    }
+    PenUpAt(s, x, y);
+    PenDownHere(s);
+    ArcAbsolute(s, cx, cy, sweep);
 }
 
 void Wedge(VRKPrintStream& s, double radius, double start, double sweep) {

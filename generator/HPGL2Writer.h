@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "generator/ArcSweepText.h"
 #include "generator/HPGL2Encoding.h"
 #include "host/core/VRKPrintStream.h"
 
@@ -40,7 +41,8 @@ inline void End(VRKPrintStream& s) {
     s.Put(';');
 }
 
-// ---- Job frame: IN, BP, MT, EC, QL, PS, IP, RO, PG, and the defaults NP, TR, MC, SP, LA -----------------------------
+// ---- Job frame: IN, BP, MT, EC, QL, PS, IP, RO, PG, and the defaults NP, TR, MC, SP, LA
+// -----------------------------
 
 // PCL printer reset, then HP-GL/2 with the previous pen position.
 void ResetAndEnter(VRKPrintStream& s);
@@ -99,14 +101,11 @@ inline void EncodedPair(VRKPrintStream& s, std::int64_t dx, std::int64_t dy) {
 // "AA" centre x "," y "," sweep ",.5": an arc around the centre from the pen, chords of half a
 // degree.
 void ArcAbsolute(VRKPrintStream& s, double cx, double cy, double sweep);
-// The outline of an arc: pen up to its start, pen down, then its AA.
-void ArcOutline(VRKPrintStream& s, double x, double y, double cx, double cy, double sweep);
-// The same outline in one piece, in the stream's quick two-decimal form, with the sweep's text
-// already made (`sweepLength` bytes at `sweepText`, which must have 16 bytes to read): false,
-// with nothing written, when a number needs the general form. `sameY` says that the start lies
-// level with the centre, to the bit, so that its text serves twice.
-bool ArcOutlineQuick(VRKPrintStream& s, double x, double y, double cx, double cy,
-                     const char* sweepText, int sweepLength, bool sameY);
+// The outline of an arc: pen up to its start, pen down, then its AA. On a stream in fixed
+// notation with two decimals the whole outline is made in place, the sweep's text taken from
+// `kept` (made anew when the sweep changes), as long as every number has the quick form.
+void ArcOutline(VRKPrintStream& s, double x, double y, double cx, double cy, double sweep,
+                ArcSweepText& kept);
 // "WG" radius "," start "," sweep ",.5": a filled wedge around the pen.
 void Wedge(VRKPrintStream& s, double radius, double start, double sweep);
 // "SC0," x ",0," y "," type ";": the user scale from 0,0 to x,y.

@@ -141,10 +141,8 @@ class VRKPrintHPGL2Generator : public VRKPrintFileGenerator {
     int currentFillColor = 0;
     int lastEncodedX = 0;
     int lastEncodedY = 0;
-    // The text of the last arc sweep written in the quick fixed form (none while 0 long).
-    std::uint64_t sweepBits = 0;
-    int sweepLength = 0;
-    char sweepText[32] = {};
+    // The text of the last arc sweep written in the quick fixed form.
+    ArcSweepText arcSweep;
     float pageRotation = 0.0f;
     float pageWidth = 0.0f;
     float pageHeight = 0.0f;

@@ -62,8 +62,6 @@ TEST(HPGL2Writer, EncodedRuns) {
 TEST(HPGL2Writer, Curves) {
     EXPECT_EQ(Written([](auto& s) { W::ArcAbsolute(s, 400.0, 800.0, 360.0); }),
               "AA400.00,800.00,360.00,.5");
-    EXPECT_EQ(Written([](auto& s) { W::ArcOutline(s, 600.0, 400.0, 400.0, 400.0, -90.0); }),
-              "PU600.00,400.00PD;AA400.00,400.00,-90.00,.5");
     EXPECT_EQ(Written([](auto& s) { W::Wedge(s, 2225.0, 0.0, 360.0); }),
               "WG2225.00,0.00,360.00,.5");
     EXPECT_EQ(Written([](auto& s) { W::Scale(s, 8400.0, 23760.0, 0); }),
@@ -76,21 +74,22 @@ TEST(HPGL2Writer, Curves) {
               "BZ1.00,2.00,3.50,4.00,5.00,-6.25");
 }
 
-TEST(HPGL2Writer, QuickArcOutlineGivesTheGeneralBytes) {
-    const char sweep[32] = "360.00";
-    EXPECT_EQ(Written([&](auto& s) {
-                  EXPECT_TRUE(W::ArcOutlineQuick(s, 600.0, 400.0, 400.0, 400.0, sweep, 6, true));
-              }),
+TEST(HPGL2Writer, ArcOutline) {
+    ArcSweepText kept;
+    // In place, then again with the kept sweep, the start level with the centre or not.
+    EXPECT_EQ(Written([&](auto& s) { W::ArcOutline(s, 600.0, 400.0, 400.0, 400.0, 360.0, kept); }),
               "PU600.00,400.00PD;AA400.00,400.00,360.00,.5");
-    EXPECT_EQ(Written([&](auto& s) {
-                  EXPECT_TRUE(W::ArcOutlineQuick(s, 600.0, 401.0, 400.0, 400.0, sweep, 6, false));
-              }),
+    EXPECT_EQ(kept.Length(), 6);
+    EXPECT_EQ(Written([&](auto& s) { W::ArcOutline(s, 600.0, 401.0, 400.0, 400.0, 360.0, kept); }),
               "PU600.00,401.00PD;AA400.00,400.00,360.00,.5");
-    // A number beyond the quick form: nothing written, the caller writes it the general way.
-    EXPECT_EQ(Written([&](auto& s) {
-                  EXPECT_FALSE(W::ArcOutlineQuick(s, 1e12, 400.0, 400.0, 400.0, sweep, 6, true));
-              }),
-              "");
+    EXPECT_EQ(Written([&](auto& s) { W::ArcOutline(s, 600.0, 400.0, 400.0, 400.0, -90.0, kept); }),
+              "PU600.00,400.00PD;AA400.00,400.00,-90.00,.5");
+    // Numbers beyond the quick form, and a stream in another notation: the general way.
+    EXPECT_EQ(Written([&](auto& s) { W::ArcOutline(s, 1e12, 400.0, 400.0, 400.0, 360.0, kept); }),
+              "PU1000000000000.00,400.00PD;AA400.00,400.00,360.00,.5");
+    VRKPrintMemoryStream general;
+    W::ArcOutline(general, 600.0, 400.5, 400.0, 400.0, 360.0, kept);
+    EXPECT_EQ(general.Data(), "PU600,400.5PD;AA400,400,360,.5");
 }
 
 TEST(HPGL2Writer, PensAndLines) {
