@@ -124,6 +124,16 @@ void BM_Begin(benchmark::State& state) {
 }
 BENCHMARK(BM_Begin);
 
+// Fills the 12-gon again and again on a generator set up by the caller.
+void fillTwelveGon(benchmark::State& state, BenchGenerator& g) {
+    const std::vector<float> xy = twelveGon();
+    const int count = 12;
+    for (auto _ : state) {
+        g.FillArea(1, &count, xy.data());
+    }
+    benchmark::DoNotOptimize(g.stream.BytesWritten());
+}
+
 // A polygon-mode fill of a 12-gon in another pen than the drawing pen.
 void BM_FillArea12GonPolygonMode(benchmark::State& state) {
     BenchGenerator g;
@@ -132,12 +142,7 @@ void BM_FillArea12GonPolygonMode(benchmark::State& state) {
     g.DefineColor(2, 1, 0, 0);
     g.SelectDrawColor(1);
     g.SelectFillColor(2);
-    const std::vector<float> xy = twelveGon();
-    const int count = 12;
-    for (auto _ : state) {
-        g.FillArea(1, &count, xy.data());
-    }
-    benchmark::DoNotOptimize(g.stream.BytesWritten());
+    fillTwelveGon(state, g);
 }
 BENCHMARK(BM_FillArea12GonPolygonMode);
 
@@ -149,12 +154,7 @@ void BM_FillArea12GonHatch(benchmark::State& state) {
     g.DefineColor(2, 1, 0, 0);
     g.SetDrawWidth(0.35f);
     g.SelectDrawColor(2);
-    const std::vector<float> xy = twelveGon();
-    const int count = 12;
-    for (auto _ : state) {
-        g.FillArea(1, &count, xy.data());
-    }
-    benchmark::DoNotOptimize(g.stream.BytesWritten());
+    fillTwelveGon(state, g);
 }
 BENCHMARK(BM_FillArea12GonHatch);
 

@@ -1,5 +1,6 @@
 // Line attributes and text: PW, LA, SL, DI, LO, and labels in the plotter's own fonts.
 
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <string>
@@ -56,6 +57,13 @@ int labelOrigin(int anchor) {
     }
 }
 
+// The LA value of one of three host attributes numbered from `first` (caps 10 to 12, joins 13 to
+// 15); 0, the plotter's default, for any other.
+int lineAttributeKind(VRKPrintLineAttribute attribute, int first, const std::array<int, 3>& kinds) {
+    const int offset = static_cast<int>(attribute) - first;
+    return offset >= 0 && offset < 3 ? kinds[static_cast<std::size_t>(offset)] : 0;
+}
+
 }  // namespace
 
 void VRKPrintHPGL2Generator::DrvSetLineCap(VRKPrintLineAttribute cap) {
@@ -64,21 +72,7 @@ void VRKPrintHPGL2Generator::DrvSetLineCap(VRKPrintLineAttribute cap) {
     }
     closeEncodedPolyline();
     // LA1: 1 butt, 2 square, 4 round; 0 restores the default.
-    int kind = 0;
-    switch (static_cast<int>(cap)) {
-        case 10:
-            kind = 1;
-            break;
-        case 11:
-            kind = 2;
-            break;
-        case 12:
-            kind = 4;
-            break;
-        default:
-            break;
-    }
-    HPGL2Writer::LineAttribute(out(), 1, kind);
+    HPGL2Writer::LineAttribute(out(), 1, lineAttributeKind(cap, 10, {1, 2, 4}));
 }
 
 void VRKPrintHPGL2Generator::DrvSetLineJoin(VRKPrintLineAttribute join) {
@@ -87,21 +81,7 @@ void VRKPrintHPGL2Generator::DrvSetLineJoin(VRKPrintLineAttribute join) {
     }
     closeEncodedPolyline();
     // LA2: 1 mitred, 4 round, 5 bevelled; 0 restores the default.
-    int kind = 0;
-    switch (static_cast<int>(join)) {
-        case 13:
-            kind = 1;
-            break;
-        case 14:
-            kind = 4;
-            break;
-        case 15:
-            kind = 5;
-            break;
-        default:
-            break;
-    }
-    HPGL2Writer::LineAttribute(out(), 2, kind);
+    HPGL2Writer::LineAttribute(out(), 2, lineAttributeKind(join, 13, {1, 4, 5}));
 }
 
 // The line type only decides whether ellipses may be drawn natively; no LT is ever written, so
