@@ -29,9 +29,6 @@ void nextReal(VRKPrintStream& s, double value) {
 
 // The chord angle every arc and wedge is drawn with: half a degree.
 constexpr std::string_view kHalfDegreeChords = ",.5";
-constexpr std::string_view kPenUp = "PU";
-constexpr std::string_view kPenDownHere = "PD;";
-constexpr std::string_view kArcAbsolute = "AA";
 
 }  // namespace
 
@@ -84,17 +81,6 @@ void AdvancePage(VRKPrintStream& s) {
 
 void PenUp(VRKPrintStream& s) {
     s.Write(kPenUp);
-}
-
-void PenUp(VRKPrintStream& s, long long x, long long y) {
-    PenUp(s);
-    s.WriteInt(x);
-    s.Put(',');
-    s.WriteInt(y);
-}
-
-void PenDown(VRKPrintStream& s, long long x, long long y) {
-    integers(s, "PD", x, y);
 }
 
 void PenUpAt(VRKPrintStream& s, double x, double y) {
@@ -212,10 +198,6 @@ void Bezier(VRKPrintStream& s, const double (&xy)[6]) {
     }
 }
 
-void SelectPen(VRKPrintStream& s, long long pen) {
-    integers(s, kSelectPen, pen);
-}
-
 void PenColor(VRKPrintStream& s, int index, long long red, long long green, long long blue) {
     integers(s, "PC", index, red);
     s.Put(',');
@@ -277,14 +259,6 @@ void Label(VRKPrintStream& s, std::string_view text) {
     s.Write("LB");
     s.Write(text);
     s.Put(HPGL2Encoding::kLabelTerminator);
-}
-
-void PolygonMode(VRKPrintStream& s, int mode) {
-    integers(s, "PM", mode);
-}
-
-void FillPolygon(VRKPrintStream& s, int rule) {
-    integers(s, "FP", rule);
 }
 
 }  // namespace HPGL2Writer

@@ -20,12 +20,17 @@
 // stream's notation (fixed, two decimals, from job start on).
 namespace HPGL2Writer {
 
-// The mnemonics that also go into fixed texts made at compile time.
+// Mnemonics used by more than one instruction form, and those that go into fixed texts made at
+// compile time.
 inline constexpr char kNumberOfPens[] = "NP";
 inline constexpr char kTransparency[] = "TR";
 inline constexpr char kMergeControl[] = "MC";
 inline constexpr char kSelectPen[] = "SP";
 inline constexpr char kLineAttributes[] = "LA";
+inline constexpr std::string_view kPenUp = "PU";
+inline constexpr std::string_view kPenDown = "PD";
+inline constexpr std::string_view kPenDownHere = "PD;";
+inline constexpr std::string_view kArcAbsolute = "AA";
 
 // The parts joined into one text at compile time, for instructions that never change.
 template <std::size_t... N>
@@ -66,9 +71,20 @@ void JobDefaults(VRKPrintStream& s);
 
 // A bare "PU": lifts the pen where it is.
 void PenUp(VRKPrintStream& s);
+// A mnemonic and two integer parameters.
+inline void WithIntegers(VRKPrintStream& s, std::string_view mnemonic, long long a, long long b) {
+    s.Write(mnemonic);
+    s.WriteInt(a);
+    s.Put(',');
+    s.WriteInt(b);
+}
 // "PU" x "," y in integers (plotter units), and the same for "PD".
-void PenUp(VRKPrintStream& s, long long x, long long y);
-void PenDown(VRKPrintStream& s, long long x, long long y);
+inline void PenUp(VRKPrintStream& s, long long x, long long y) {
+    WithIntegers(s, kPenUp, x, y);
+}
+inline void PenDown(VRKPrintStream& s, long long x, long long y) {
+    WithIntegers(s, kPenDown, x, y);
+}
 // "PU" x "," y as floating-point numbers.
 void PenUpAt(VRKPrintStream& s, double x, double y);
 // "PD;": lowers the pen where it is.
@@ -115,7 +131,10 @@ void Bezier(VRKPrintStream& s, const double (&xy)[6]);
 
 // ---- Pens and lines: SP, PC, PW, LA ----------------------------------------------------------
 
-void SelectPen(VRKPrintStream& s, long long pen);
+inline void SelectPen(VRKPrintStream& s, long long pen) {
+    s.Write(kSelectPen);
+    s.WriteInt(pen);
+}
 // "PC" index "," red "," green "," blue, components 0 to 255.
 void PenColor(VRKPrintStream& s, int index, long long red, long long green, long long blue);
 void PenWidth(VRKPrintStream& s, double width);
@@ -137,8 +156,14 @@ void Label(VRKPrintStream& s, std::string_view text);
 // ---- Polygon mode: PM, FP ---------------------------------------------------------------------
 
 // "PM0" opens the polygon buffer, "PM1" closes a subpolygon, "PM2" closes the buffer.
-void PolygonMode(VRKPrintStream& s, int mode);
+inline void PolygonMode(VRKPrintStream& s, int mode) {
+    s.Write("PM");
+    s.Put(static_cast<char>('0' + mode));
+}
 // "FP0" even-odd, "FP1" non-zero winding.
-void FillPolygon(VRKPrintStream& s, int rule);
+inline void FillPolygon(VRKPrintStream& s, int rule) {
+    s.Write("FP");
+    s.Put(static_cast<char>('0' + rule));
+}
 
 }  // namespace HPGL2Writer
