@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 #include <system_error>
 
@@ -10,128 +9,91 @@ namespace VRKJobNumber {
 
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // Skips a leading '+', which std::from_chars does not take; a '-' stays for it.
-std::string_view withoutPlus(std::string_view text) {
-    if (!text.empty() && text.front() == '+') {
-        text.remove_prefix(1);
-    }
-    return text;
-}
-
-bool isInteger(std::string_view text) {
-    std::size_t i = 0;
-    if (i < text.size() && (text[i] == '+' || text[i] == '-')) {
-        ++i;
-    }
-    if (i == text.size()) {
-        return false;
-    }
-    for (; i < text.size(); ++i) {
-        if (!isDigit(text[i])) {
-            return false;
-        }
-    }
-    return true;
+const char* withoutPlus(const char* first, const char* last) {
+    return first != last && *first == '+' ? first + 1 : first;
 }
 
 }  // namespace
 
+Status ConvertUncommonDecimal(const char* first, const char* last, Target target, double& value) {
+    first = withoutPlus(first, last);
+    double parsed = 0.0;
+    const auto [end, ec] = std::from_chars(first, last, parsed);
+    if (ec == std::errc::result_out_of_range) {
+        return Status::kOutOfRange;
+    }
+    if (ec != std::errc{} || end != last || !std::isfinite(parsed)) {
+        return Status::kNotANumber;
+    }
+    // Narrowing a double beyond the float range is undefined, so it is checked first.
+    if (target == Target::kFloat &&
+        std::fabs(parsed) > static_cast<double>(std::numeric_limits<float>::max())) {
+        return Status::kOutOfRange;
+    }
+    value = parsed;
+    return Status::kOk;
+}
+
+Status ConvertUncommonInteger(const char* first, const char* last, int& value) {
+    first = withoutPlus(first, last);
+    int parsed = 0;
+    const auto [end, ec] = std::from_chars(first, last, parsed);
+    if (ec == std::errc::result_out_of_range) {
+        return Status::kOutOfRange;
+    }
+    if (ec != std::errc{} || end != last) {
+        return Status::kNotANumber;
+    }
+    value = parsed;
+    return Status::kOk;
+}
+
 bool IsDecimal(std::string_view text) {
-    std::size_t i = 0;
-    const std::size_t n = text.size();
-    if (i < n && (text[i] == '+' || text[i] == '-')) {
-        ++i;
-    }
-    std::size_t digits = 0;
-    while (i < n && isDigit(text[i])) {
-        ++i;
-        ++digits;
-    }
-    if (i < n && text[i] == '.') {
-        ++i;
-        while (i < n && isDigit(text[i])) {
-            ++i;
-            ++digits;
-        }
-    }
-    if (digits == 0) {
-        return false;
-    }
-    if (i < n && (text[i] == 'e' || text[i] == 'E')) {
-        ++i;
-        if (i < n && (text[i] == '+' || text[i] == '-')) {
-            ++i;
-        }
-        std::size_t exponentDigits = 0;
-        while (i < n && isDigit(text[i])) {
-            ++i;
-            ++exponentDigits;
-        }
-        if (exponentDigits == 0) {
-            return false;
-        }
-    }
-    return i == n;
+    const char* const end = text.data() + text.size();
+    double value = 0.0;
+    Status status = Status::kOk;
+    return ReadDecimal(text.data(), end, Target::kDouble, value, status) == end &&
+           status != Status::kNotANumber;
 }
 
 Status ParseDouble(std::string_view text, double& value) {
-    const char* const textEnd = text.data() + text.size();
-    if (ScanCommonDecimal(text.data(), textEnd, value) == textEnd) {
-        return Status::kOk;
-    }
-    if (!IsDecimal(text)) {
-        return Status::kNotANumber;
-    }
-    const std::string_view digits = withoutPlus(text);
+    const char* const end = text.data() + text.size();
     double parsed = 0.0;
-    const auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), parsed);
-    if (ec == std::errc::result_out_of_range) {
-        return Status::kOutOfRange;
-    }
-    if (ec != std::errc{} || end != digits.data() + digits.size() || !std::isfinite(parsed)) {
+    Status status = Status::kOk;
+    if (ReadDecimal(text.data(), end, Target::kDouble, parsed, status) != end) {
         return Status::kNotANumber;
     }
-    value = parsed;
-    return Status::kOk;
+    if (status == Status::kOk) {
+        value = parsed;
+    }
+    return status;
 }
 
 Status ParseFloat(std::string_view text, float& value) {
+    const char* const end = text.data() + text.size();
     double parsed = 0.0;
-    const Status status = ParseDouble(text, parsed);
-    if (status != Status::kOk) {
-        return status;
+    Status status = Status::kOk;
+    if (ReadDecimal(text.data(), end, Target::kFloat, parsed, status) != end) {
+        return Status::kNotANumber;
     }
-    // Narrowing a double beyond the float range is undefined, so it is checked first.
-    if (std::fabs(parsed) > static_cast<double>(std::numeric_limits<float>::max())) {
-        return Status::kOutOfRange;
+    if (status == Status::kOk) {
+        value = static_cast<float>(parsed);
     }
-    value = static_cast<float>(parsed);
-    return Status::kOk;
+    return status;
 }
 
 Status ParseInt(std::string_view text, int& value) {
-    const char* const textEnd = text.data() + text.size();
-    if (ScanCommonInt(text.data(), textEnd, value) == textEnd) {
-        return Status::kOk;
-    }
-    if (!isInteger(text)) {
+    const char* const end = text.data() + text.size();
+    int parsed = 0;
+    Status status = Status::kOk;
+    if (ReadInteger(text.data(), end, parsed, status) != end) {
         return IsDecimal(text) ? Status::kNotAnInteger : Status::kNotANumber;
     }
-    const std::string_view digits = withoutPlus(text);
-    int parsed = 0;
-    const auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), parsed);
-    if (ec == std::errc::result_out_of_range) {
-        return Status::kOutOfRange;
+    if (status == Status::kOk) {
+        value = parsed;
     }
-    if (ec != std::errc{} || end != digits.data() + digits.size()) {
-        return Status::kNotANumber;
-    }
-    value = parsed;
-    return Status::kOk;
+    return status;
 }
 
 }  // namespace VRKJobNumber

@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
+#include <string>
 
 #include "host/job/VRKJobNumber.h"
 
@@ -74,6 +76,63 @@ TEST(JobNumber, Integers) {
     EXPECT_EQ(VRKJobNumber::ParseInt("x", i), Status::kNotANumber);
     EXPECT_EQ(VRKJobNumber::ParseInt("", i), Status::kNotANumber);
     EXPECT_EQ(VRKJobNumber::ParseInt("0x1", i), Status::kNotANumber);
+}
+
+// The reading for a float gives the float of the correctly rounded double, with or without an
+// exponent, near the midpoints of two floats and elsewhere.
+TEST(JobNumber, FloatReadingIsTheDoubleNarrowed) {
+    std::mt19937 random(20261124);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text = std::to_string(random() % 100000000000ull);
+        text.insert(random() % (text.size() + 1), ".");
+        if (i % 2 == 0) {
+            text += "e-" + std::to_string(random() % 20);
+        }
+        const char* const end = text.data() + text.size();
+        double read = 0.0;
+        auto status = Status::kNotANumber;
+        ASSERT_EQ(
+            VRKJobNumber::ReadDecimal(text.data(), end, VRKJobNumber::Target::kFloat, read, status),
+            end);
+        ASSERT_EQ(status, Status::kOk) << text;
+        double exact = 0.0;
+        ASSERT_EQ(parseDouble(text.c_str(), exact), Status::kOk);
+        EXPECT_EQ(static_cast<float>(read), static_cast<float>(exact)) << text;
+    }
+}
+
+// Read in a buffer, a number stops at the first byte that is not part of it.
+TEST(JobNumber, ReadingStopsAfterTheNumber) {
+    const char line[] = "-12.5e1 7\n";
+    double value = 0.0;
+    auto status = Status::kNotANumber;
+    const char* end = VRKJobNumber::ReadDecimal(line, VRKJobNumber::Unbounded{},
+                                                VRKJobNumber::Target::kDouble, value, status);
+    EXPECT_EQ(end, line + 7);
+    EXPECT_EQ(status, Status::kOk);
+    EXPECT_EQ(value, -125.0);
+    int integer = 0;
+    end = VRKJobNumber::ReadInteger(line + 8, VRKJobNumber::Unbounded{}, integer, status);
+    EXPECT_EQ(end, line + 9);
+    EXPECT_EQ(status, Status::kOk);
+    EXPECT_EQ(integer, 7);
+    // Many digits and large exponents take the careful conversion.
+    const char uncommon[] = "0.000000000000000000000000000015 ";
+    end = VRKJobNumber::ReadDecimal(uncommon, VRKJobNumber::Unbounded{},
+                                    VRKJobNumber::Target::kDouble, value, status);
+    EXPECT_EQ(end, uncommon + 32);
+    EXPECT_EQ(status, Status::kOk);
+    EXPECT_EQ(value, 1.5e-29);
+    const char beyondFloat[] = "1e39\n";
+    end = VRKJobNumber::ReadDecimal(beyondFloat, VRKJobNumber::Unbounded{},
+                                    VRKJobNumber::Target::kFloat, value, status);
+    EXPECT_EQ(end, beyondFloat + 4);
+    EXPECT_EQ(status, Status::kOutOfRange);
+    const char longInteger[] = "-00000000000000000000000000042 ";
+    end = VRKJobNumber::ReadInteger(longInteger, VRKJobNumber::Unbounded{}, integer, status);
+    EXPECT_EQ(end, longInteger + 30);
+    EXPECT_EQ(status, Status::kOk);
+    EXPECT_EQ(integer, -42);
 }
 
 }  // namespace
