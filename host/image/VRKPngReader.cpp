@@ -95,6 +95,8 @@ int chooseFormat(png_structp png, png_infop info) {
                 png_set_gray_to_rgb(png);
                 format = VRKPixelImage::kRGB8;
             } else if (depth == 1) {
+                // The file's bit is the grey level (1 white); the image's is ink (1 black).
+                png_set_invert_mono(png);
                 format = VRKPixelImage::kMono1;
             } else {
                 if (depth < 8) {
