@@ -120,10 +120,12 @@ void VRKPrintGenerator::DefineColor(int index, float r, float g, float b) noexce
 }
 
 void VRKPrintGenerator::SelectDrawColor(int index) noexcept {
+    drawColor_ = index;
     Guard([&] { DrvSelectDrawColor(index); });
 }
 
 void VRKPrintGenerator::SelectFillColor(int index) noexcept {
+    fillColor_ = index;
     Guard([&] { DrvSelectFillColor(index); });
 }
 
@@ -303,27 +305,50 @@ void VRKPrintGenerator::DrvDrawText(float x, float y, const VRKUnicodeString& te
     }
     // Glyph contours wind the font's way: a hole turns against its letter, and overlapping
     // parts of a composed glyph (an accent on its letter) must not cancel. Only the non-zero
-    // rule fills both right. The rule is switched before the first glyph drawn and back after
-    // the last; a text that draws nothing writes nothing.
-    const int previousRule = fillRule_;
-    bool switched = false;
+    // rule fills both right. Text takes the draw colour, as lines do, so the glyphs are filled
+    // with the draw colour selected as the fill colour. The rule and the colour are switched
+    // before the first glyph drawn and back after the last; a text that draws nothing writes
+    // nothing.
+    TextFillState state{fillRule_};
     try {
         outliner->OutlineInPieces(text, x, y, textSize_, textDirection_, textSlant_, textAnchor_,
                                   textWeight_, [&](const VRKTextOutliner::Outlines& glyphs) {
-                                      if (!switched && previousRule != 1) {
-                                          DrvSetPolygonFillRule(1);
-                                          switched = true;
-                                      }
+                                      BeginTextFill(state);
                                       FillGlyphs(glyphs);
                                   });
     } catch (...) {
-        if (switched) {
-            DrvSetPolygonFillRule(previousRule);
-        }
+        EndTextFill(state);
         throw;
     }
-    if (switched) {
-        DrvSetPolygonFillRule(previousRule);
+    EndTextFill(state);
+}
+
+void VRKPrintGenerator::BeginTextFill(TextFillState& state) {
+    if (state.started) {
+        return;
+    }
+    state.started = true;
+    if (state.previousRule != 1) {
+        DrvSetPolygonFillRule(1);
+        state.ruleSwitched = true;
+    }
+    if (fillColor_ != drawColor_) {
+        DrvSelectFillColor(drawColor_);
+        state.colourSwitched = true;
+    }
+}
+
+void VRKPrintGenerator::EndTextFill(const TextFillState& state) {
+    if (state.colourSwitched) {
+        // The fill colour of the drawing again. A generator that takes up a pen when a colour
+        // is selected (a pen plotter) holds the fill colour's pen after that: the draw colour
+        // is selected again so that the lines after the text are drawn with its pen, as they
+        // are after any fill.
+        DrvSelectFillColor(fillColor_);
+        DrvSelectDrawColor(drawColor_);
+    }
+    if (state.ruleSwitched) {
+        DrvSetPolygonFillRule(state.previousRule);
     }
 }
 
