@@ -5,8 +5,8 @@
 
 class VRKPixelImage;
 
-// Reads PNG files into pixel images. The host's only user of libpng; nothing of libpng shows in
-// this header.
+// Reads PNG files into pixel images, through libpng (VRKPngFile, inside VRKHostImage, the host's
+// only user of libpng); nothing of libpng shows in this header.
 //
 // What each kind of PNG becomes:
 //   grey, 8 or 16 bits           grey (code 0), 16 bits scaled to 8
