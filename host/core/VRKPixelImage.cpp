@@ -197,10 +197,10 @@ bool VRKPixelImage::GetBit(int x, int y) const {
     return (row[x >> 3] & (0x80u >> (x & 7))) != 0;
 }
 
-void VRKPixelImage::SetBit(int x, int y, bool white) {
+void VRKPixelImage::SetBit(int x, int y, bool set) {
     unsigned char* row = GetRow(y);
     const auto bit = static_cast<unsigned char>(0x80u >> (x & 7));
-    if (white) {
+    if (set) {
         row[x >> 3] |= bit;
     } else {
         row[x >> 3] &= static_cast<unsigned char>(~bit);
@@ -284,7 +284,7 @@ VRKPixelImage* VRKPixelImage::ConvertToRGB() const {
                     to[0] = to[1] = to[2] = from[x];
                     break;
                 case kMono1:
-                    to[0] = to[1] = to[2] = GetBit(x, y) ? 255 : 0;
+                    to[0] = to[1] = to[2] = GetBit(x, y) ? 0 : 255;  // a set bit is ink
                     break;
                 case kRGB8:
                     std::memcpy(to, from + 3 * static_cast<std::size_t>(x), 3);

@@ -30,9 +30,11 @@ class VRKPixelRowSource {
 //   2  RGB, three bytes per pixel;
 //   3  RGBA, four bytes per pixel, straight (not premultiplied) alpha, 0 fully transparent;
 //   4  1 bit per pixel, eight pixels to a byte, leftmost pixel in the most significant bit,
-//      (width + 7) / 8 bytes per row. A set bit is a white pixel, a clear bit a black one (the bit
-//      is the grey level, as in a 1-bit grey PNG). The unused low bits of a row's last byte are
-//      kept clear.
+//      (width + 7) / 8 bytes per row. A set bit is a black pixel, a clear bit a white one: the
+//      bit says where the printer puts ink, as a monochrome raster row of the plotter does, and
+//      generators send the bits as they are. A 1-bit grey PNG stores the opposite (its bit is the
+//      grey level, 1 white), so its reader inverts the bits. The unused low bits of a row's last
+//      byte are kept clear.
 // Rows are packed: there is no padding between them beyond what the format itself needs.
 class VRKPixelImage : public VRKBaseUnknown {
     VRK_DECLARE_CLASS(VRKPixelImage)
@@ -49,7 +51,8 @@ class VRKPixelImage : public VRKBaseUnknown {
     // 0.254 mm: the pixel size of an image that does not say (100 pixels to the inch).
     static constexpr float kDefaultPixelSize = 0.254f;
 
-    // A new image with every byte of every row zero (black; transparent black for RGBA). Width
+    // A new image with every byte of every row zero (black; transparent black for RGBA; white for
+    // 1 bit per pixel, where a clear bit is a pixel without ink). Width
     // and height must not be negative (an image of width or height 0 has no pixels) and the
     // format must be one of the codes above.
     static VRKPixelImage* Create(int width, int height, int format,
@@ -103,10 +106,10 @@ class VRKPixelImage : public VRKBaseUnknown {
     // A new image turned by 180 degrees: the last pixel of the last row comes first. Null for the
     // unsupported format.
     VRKPixelImage* CreateRotated180() const;
-    // A new RGB (code 2) image of the same pixels: grey levels and 1-bit pixels become equal
-    // components; an RGBA image loses its alpha channel and keeps its colours as they are, so a
-    // caller that wants transparent pixels painted calls ChangeTransparencyToColor first. Null
-    // for the unsupported format.
+    // A new RGB (code 2) image of the same pixels: grey levels become equal components, a set
+    // 1-bit pixel black (0, 0, 0) and a clear one white (255, 255, 255); an RGBA image loses its
+    // alpha channel and keeps its colours as they are, so a caller that wants transparent pixels
+    // painted calls ChangeTransparencyToColor first. Null for the unsupported format.
     VRKPixelImage* ConvertToRGB() const;
 
     // Makes an RGBA image opaque over the given background colour. A pixel with alpha 0 becomes
@@ -125,7 +128,7 @@ class VRKPixelImage : public VRKBaseUnknown {
     // Allocates the rows; false when memory runs out or the size overflows.
     bool Allocate();
     bool GetBit(int x, int y) const;
-    void SetBit(int x, int y, bool white);
+    void SetBit(int x, int y, bool set);
 
     int width_;
     int height_;

@@ -120,10 +120,12 @@ void VRKPrintGenerator::DefineColor(int index, float r, float g, float b) noexce
 }
 
 void VRKPrintGenerator::SelectDrawColor(int index) noexcept {
+    drawColor_ = index;
     Guard([&] { DrvSelectDrawColor(index); });
 }
 
 void VRKPrintGenerator::SelectFillColor(int index) noexcept {
+    fillColor_ = index;
     Guard([&] { DrvSelectFillColor(index); });
 }
 
@@ -295,50 +297,6 @@ void VRKPrintGenerator::DrvFillArea(int nbPolygons, const int* nbPoints, const f
 }
 
 void VRKPrintGenerator::DrvDrawBitmap(float /*x*/, float /*y*/, const VRKPixelImage* /*image*/) {}
-
-void VRKPrintGenerator::DrvDrawText(float x, float y, const VRKUnicodeString& text) {
-    VRKTextOutliner* outliner = VRKTextOutliner::Installed();
-    if (outliner == nullptr || text.IsEmpty()) {
-        return;
-    }
-    // Glyph contours wind the font's way: a hole turns against its letter, and overlapping
-    // parts of a composed glyph (an accent on its letter) must not cancel. Only the non-zero
-    // rule fills both right. The rule is switched before the first glyph drawn and back after
-    // the last; a text that draws nothing writes nothing.
-    const int previousRule = fillRule_;
-    bool switched = false;
-    try {
-        outliner->OutlineInPieces(text, x, y, textSize_, textDirection_, textSlant_, textAnchor_,
-                                  textWeight_, [&](const VRKTextOutliner::Outlines& glyphs) {
-                                      if (!switched && previousRule != 1) {
-                                          DrvSetPolygonFillRule(1);
-                                          switched = true;
-                                      }
-                                      FillGlyphs(glyphs);
-                                  });
-    } catch (...) {
-        if (switched) {
-            DrvSetPolygonFillRule(previousRule);
-        }
-        throw;
-    }
-    if (switched) {
-        DrvSetPolygonFillRule(previousRule);
-    }
-}
-
-void VRKPrintGenerator::FillGlyphs(const VRKTextOutliner::Outlines& glyphs) {
-    const int* counts = glyphs.contourPoints.data();
-    const float* points = glyphs.points.data();
-    // One area per glyph keeps each fill small, as a plotter's polygon buffer wants it.
-    for (const int contours : glyphs.glyphContours) {
-        DrvFillArea(contours, counts, points);
-        for (int i = 0; i < contours; ++i) {
-            points += 2 * static_cast<std::ptrdiff_t>(counts[i]);
-        }
-        counts += contours;
-    }
-}
 
 void VRKPrintGenerator::DrvDefineColor(int /*index*/, float /*r*/, float /*g*/, float /*b*/) {}
 void VRKPrintGenerator::DrvSelectDrawColor(int /*index*/) {}

@@ -95,6 +95,10 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     int GetTextFont() const { return textFont_; }
     int GetTextWeight() const { return textWeight_; }
     int GetTextAnchor() const { return textAnchor_; }
+    // The colours the drawing last selected with SelectDrawColor and SelectFillColor; 0 for
+    // both before any selection, as a generator starts.
+    int GetDrawColor() const { return drawColor_; }
+    int GetFillColor() const { return fillColor_; }
     // True once a hook has failed (for example for want of memory).
     bool HasFailed() const { return failed_; }
 
@@ -133,12 +137,18 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     // the others), and each glyph is filled with one DrvFillArea call (a glyph's contours form
     // one area; a glyph without contours, like a space, makes no call). The non-zero rule is in
     // force during those calls: when the kept rule is another, DrvSetPolygonFillRule(1) comes
-    // first and DrvSetPolygonFillRule(previous rule) after the last glyph. With no outliner
-    // installed (VRKHostFonts not loaded), or without a usable font, nothing is drawn and no
-    // hook is called.
+    // first and DrvSetPolygonFillRule(previous rule) after the last glyph. Text takes the draw
+    // colour, as lines do: when the selected fill colour is another, DrvSelectFillColor(draw
+    // colour) comes before the first glyph (after the rule), and after the last glyph
+    // DrvSelectFillColor(fill colour) and DrvSelectDrawColor(draw colour), so that a generator
+    // that takes up a pen at each selection holds the draw colour's pen again (then the rule
+    // goes back). With equal colours no colour hook is called. With no outliner installed
+    // (VRKHostFonts not loaded), or without a usable font, nothing is drawn and no hook is
+    // called.
     virtual void DrvDrawText(float x, float y, const VRKUnicodeString& text);
 
-    // Colours and line attributes. Defaults: nothing (the base keeps no pen state).
+    // Colours and line attributes. Defaults: nothing (the public SelectDrawColor and
+    // SelectFillColor keep the colours they select, for the default DrvDrawText).
     virtual void DrvDefineColor(int index, float r, float g, float b);
     virtual void DrvSelectDrawColor(int index);
     virtual void DrvSelectFillColor(int index);
@@ -177,11 +187,25 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void HookThrew() noexcept;
     void FlattenEllipse(float cx, float cy, float rx, float ry, double start, double sweep,
                         float rotation, bool asPolygon, bool sector);
+    // What the default DrvDrawText switched for its glyph fills, to be switched back.
+    struct TextFillState {
+        int previousRule;
+        bool started = false;
+        bool ruleSwitched = false;
+        bool colourSwitched = false;
+    };
+    // Before the first glyph: the non-zero rule and the draw colour as fill colour, when they
+    // are not in force already.
+    void BeginTextFill(TextFillState& state);
+    // After the last glyph: the fill colour and the rule as they were.
+    void EndTextFill(const TextFillState& state);
     void FillGlyphs(const VRKTextOutliner::Outlines& glyphs);
 
     VRKString language_;
     VRKPrintParameters params_;
     int fillRule_ = 0;
+    int drawColor_ = 0;
+    int fillColor_ = 0;
     int fillMode_ = 0;
     int textAsGeometry_ = 0;
     int textFont_ = VRKFontDefault;

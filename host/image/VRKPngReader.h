@@ -5,12 +5,14 @@
 
 class VRKPixelImage;
 
-// Reads PNG files into pixel images. The host's only user of libpng; nothing of libpng shows in
-// this header.
+// Reads PNG files into pixel images, through libpng (VRKPngFile, inside VRKHostImage, the host's
+// only user of libpng); nothing of libpng shows in this header.
 //
 // What each kind of PNG becomes:
 //   grey, 8 or 16 bits           grey (code 0), 16 bits scaled to 8
-//   grey, 1 bit                  1 bit per pixel (code 4), rows as the file packs them
+//   grey, 1 bit                  1 bit per pixel (code 4), rows as the file packs them with
+//                                every bit inverted: a black pixel (0 in the file) is a set bit,
+//                                as the image's format wants it
 //   grey, 2 or 4 bits            grey (code 0), levels scaled to 0..255
 //   grey with alpha              RGBA (code 3)
 //   RGB, 8 or 16 bits            RGB (code 2)

@@ -29,14 +29,17 @@ bool QueuedOnLine(int fd, int& queued, std::string& reason) {
 
 VRKSerialSender::VRKSerialSender(std::string device, int baud, VRKDestination::Flow flow,
                                  VRKSendOptions options)
-    : device_(std::move(device)),
+    : VRKDescriptorSender(
+          // The line is full or stopped by XOFF while the plotter draws: what it sends meanwhile
+          // is dropped. A line that cannot be read any more still may be written: the write says.
+          VRKDescriptorWriter(
+              WriteToLine, "plotter", "the line took no byte", "the line was hung up",
+              VRKDescriptorWriter::UnreadableInput::kStopReading, options.timeoutSeconds),
+          "the line is not open"),
+      device_(std::move(device)),
       baud_(baud),
       flow_(flow),
-      options_(std::move(options)),
-      // The line is full or stopped by XOFF while the plotter draws: what it sends meanwhile is
-      // dropped. A line that cannot be read any more still may be written: the write says.
-      writer_(WriteToLine, "plotter", "the line took no byte", "the line was hung up",
-              VRKDescriptorWriter::UnreadableInput::kStopReading, options_.timeoutSeconds) {}
+      options_(std::move(options)) {}
 
 VRKSerialSender::~VRKSerialSender() {
     Abort();
@@ -98,26 +101,9 @@ bool VRKSerialSender::SetUpLine(std::string& error) {
     return true;
 }
 
-bool VRKSerialSender::Send(const char* data, std::size_t size, std::string& error) {
-    if (fd_ < 0) {
-        error = "the line is not open";
-        return false;
-    }
-    std::string reason;
-    if (!writer_.Write(fd_, data, size, reason)) {
-        return Fail(reason, error);
-    }
-    return true;
-}
-
 bool VRKSerialSender::Finish(std::string& error) {
-    if (fd_ < 0) {
-        error = "the line is not open";
+    if (!CheckOpen(error) || !WaitUntilSent(QueuedOnLine, error)) {
         return false;
-    }
-    std::string reason;
-    if (!writer_.WaitUntilSent(fd_, QueuedOnLine, reason)) {
-        return Fail(reason, error);
     }
     // close() waits for the last bytes to leave the UART.
     const int closed = ::close(fd_);
@@ -136,10 +122,4 @@ void VRKSerialSender::Abort() {
     ::tcflush(fd_, TCOFLUSH);
     ::close(fd_);
     fd_ = -1;
-}
-
-bool VRKSerialSender::Fail(const std::string& reason, std::string& error) {
-    error = reason;
-    Abort();
-    return false;
 }

@@ -2,10 +2,9 @@
 
 #include <string>
 
-#include "host/output/VRKDescriptorWriter.h"
+#include "host/output/VRKDescriptorSender.h"
 #include "host/output/VRKDestination.h"
 #include "host/output/VRKSendOptions.h"
-#include "host/output/VRKSender.h"
 
 // Sends a plot down a serial line (serial:DEVICE?baud=N&flow=F). The line is set raw, 8 data
 // bits, no parity, 1 stop bit, receiver on, modem lines ignored, at the given speed both ways;
@@ -16,26 +15,22 @@
 // byte for the timeout (0, for ever, is what a program gives a serial line: a plotter may hold
 // XOFF as long as it draws); Finish waits, within the same timeout, until the kernel has sent
 // every byte.
-class VRKSerialSender final : public VRKSender {
+class VRKSerialSender final : public VRKDescriptorSender {
   public:
     VRKSerialSender(std::string device, int baud, VRKDestination::Flow flow,
                     VRKSendOptions options);
     ~VRKSerialSender() override;
 
     bool Open(std::string& error) override;
-    bool Send(const char* data, std::size_t size, std::string& error) override;
     bool Finish(std::string& error) override;
     // Drops what the kernel has not sent yet, and closes.
     void Abort() override;
 
   private:
     bool SetUpLine(std::string& error);
-    bool Fail(const std::string& reason, std::string& error);
 
     std::string device_;
     int baud_;
     VRKDestination::Flow flow_;
     VRKSendOptions options_;
-    int fd_ = -1;
-    VRKDescriptorWriter writer_;
 };

@@ -49,13 +49,15 @@ bool Unacknowledged(int fd, int& unacknowledged, std::string& reason) {
 }  // namespace
 
 VRKSocketSender::VRKSocketSender(std::string host, int port, VRKSendOptions options)
-    : host_(std::move(host)),
+    : VRKDescriptorSender(
+          // What the printer sends back is dropped; a back channel that fails fails the plot.
+          VRKDescriptorWriter(SendToPrinter, "printer", "the connection took no byte",
+                              "the printer closed the connection",
+                              VRKDescriptorWriter::UnreadableInput::kFail, options.timeoutSeconds),
+          "the connection is closed"),
+      host_(std::move(host)),
       port_(port),
-      options_(std::move(options)),
-      // What the printer sends back is dropped; a back channel that fails fails the plot.
-      writer_(SendToPrinter, "printer", "the connection took no byte",
-              "the printer closed the connection", VRKDescriptorWriter::UnreadableInput::kFail,
-              options_.timeoutSeconds) {}
+      options_(std::move(options)) {}
 
 VRKSocketSender::~VRKSocketSender() {
     Abort();
@@ -141,29 +143,15 @@ bool VRKSocketSender::Connect(const addrinfo& address, std::string& reason) {
     return true;
 }
 
-bool VRKSocketSender::Send(const char* data, std::size_t size, std::string& error) {
-    if (fd_ < 0) {
-        error = "the connection is closed";
-        return false;
-    }
-    std::string reason;
-    if (!writer_.Write(fd_, data, size, reason)) {
-        return Fail(reason, error);
-    }
-    return true;
-}
-
 bool VRKSocketSender::Finish(std::string& error) {
-    if (fd_ < 0) {
-        error = "the connection is closed";
+    if (!CheckOpen(error)) {
         return false;
     }
     if (::shutdown(fd_, SHUT_WR) != 0) {
         return Fail(std::strerror(errno), error);
     }
-    std::string reason;
-    if (!writer_.WaitUntilSent(fd_, Unacknowledged, reason)) {
-        return Fail(reason, error);
+    if (!WaitUntilSent(Unacknowledged, error)) {
+        return false;
     }
     ::close(fd_);
     fd_ = -1;
@@ -179,10 +167,4 @@ void VRKSocketSender::Abort() {
     ::setsockopt(fd_, SOL_SOCKET, SO_LINGER, &reset, sizeof reset);
     ::close(fd_);
     fd_ = -1;
-}
-
-bool VRKSocketSender::Fail(const std::string& reason, std::string& error) {
-    error = reason;
-    Abort();
-    return false;
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,12 +27,17 @@ class TextRecorder : public VRKPrintGenerator {
 
     TextRecorder() : VRKPrintGenerator("TEST") {}
 
-    // "R<rule>" for a fill rule change, "F<contours>" for a fill, "M" and "L" for moves and
-    // lines.
+    // "R<rule>" for a fill rule change, "F<contours>" for a fill, "D<index>" and "C<index>" for
+    // a draw and a fill colour selection, "M" and "L" for moves and lines.
     std::string log;
     std::vector<Fill> fills;
+    // The fill with this number (from 1) throws after it is logged, as one that runs out of
+    // memory would.
+    int throwAtFill = 0;
 
   protected:
+    void DrvSelectDrawColor(int index) override { log += "D" + std::to_string(index) + ";"; }
+    void DrvSelectFillColor(int index) override { log += "C" + std::to_string(index) + ";"; }
     void DrvSetPolygonFillRule(int rule) override {
         log += "R" + std::to_string(rule) + ";";
         VRKPrintGenerator::DrvSetPolygonFillRule(rule);
@@ -45,6 +51,9 @@ class TextRecorder : public VRKPrintGenerator {
         }
         fill.points.assign(points, points + 2 * total);
         fills.push_back(std::move(fill));
+        if (static_cast<int>(fills.size()) == throwAtFill) {
+            throw std::bad_alloc();
+        }
     }
     void DrvMoveTo(float, float) override { log += "M;"; }
     void DrvLineTo(float, float) override { log += "L;"; }
@@ -144,6 +153,72 @@ TEST_F(DrawText, RuleAlreadyNonZeroIsLeftAlone) {
     r.DrawText(0.0f, 0.0f, "H H");
     EXPECT_EQ(r.log, "F1;F1;");
     EXPECT_EQ(r.GetPolygonFillRule(), 1);
+}
+
+TEST_F(DrawText, GlyphsAreFilledInTheDrawColour) {
+    TextRecorder r;
+    r.SetPolygonFillRule(0);
+    r.SelectDrawColor(3);
+    r.SelectFillColor(5);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "HI");
+    // The rule, then the draw colour as fill colour; after the glyphs the fill colour, the draw
+    // colour again, and the rule.
+    EXPECT_EQ(r.log, "R1;C3;F1;F1;C5;D3;R0;");
+    EXPECT_EQ(r.GetDrawColor(), 3);
+    EXPECT_EQ(r.GetFillColor(), 5);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "I");
+    EXPECT_EQ(r.log, "R1;C3;F1;C5;D3;R0;");
+}
+
+TEST_F(DrawText, EqualColoursSelectNothing) {
+    TextRecorder r;
+    r.SetPolygonFillRule(1);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "HI");  // both colours 0 before any selection
+    EXPECT_EQ(r.log, "F1;F1;");
+    r.SelectDrawColor(7);
+    r.SelectFillColor(7);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "HI");
+    EXPECT_EQ(r.log, "F1;F1;");
+}
+
+TEST_F(DrawText, TheColourFollowsTheLastSelections) {
+    TextRecorder r;
+    r.SetPolygonFillRule(1);
+    r.SelectDrawColor(2);  // fill colour still 0
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "I");
+    EXPECT_EQ(r.log, "C2;F1;C0;D2;");
+    r.SelectFillColor(2);
+    r.SelectDrawColor(9);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "I");
+    EXPECT_EQ(r.log, "C9;F1;C2;D9;");
+}
+
+TEST_F(DrawText, TextWithoutGlyphsSelectsNoColour) {
+    TextRecorder r;
+    r.SelectDrawColor(1);
+    r.SelectFillColor(2);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "   ");
+    EXPECT_EQ(r.log, "");
+}
+
+TEST_F(DrawText, AFailingFillStillGetsTheColourAndRuleBack) {
+    TextRecorder r;
+    r.SetPolygonFillRule(0);
+    r.SelectDrawColor(1);
+    r.SelectFillColor(2);
+    r.throwAtFill = 2;
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "HIT");
+    EXPECT_EQ(r.log, "R1;C1;F1;F1;C2;D1;R0;");
+    EXPECT_TRUE(r.HasFailed());
+    EXPECT_EQ(r.GetPolygonFillRule(), 0);
 }
 
 TEST_F(DrawText, NoOutlinerDrawsNothing) {

@@ -211,7 +211,8 @@ TEST(Raster, TransparencyModes) {
 }
 
 TEST(Raster, OneBitImagesAreTurnedAndSentRaw) {
-    // 10 pixels wide: 2 bytes a row. Row 0: first pixel white only; row 1: last pixel white only.
+    // 10 pixels wide: 2 bytes a row. Row 0: first pixel black only; row 1: last pixel black only
+    // (a set bit is ink).
     const unsigned char bits[] = {0x80, 0x00, 0x00, 0x40};
     VRKPixelImage* image = VRKPixelImage::CreateFromData(10, 2, VRKPixelImage::kMono1, bits, 2);
     Plot p;
@@ -220,7 +221,7 @@ TEST(Raster, OneBitImagesAreTurnedAndSentRaw) {
     const std::string out = p.g.Take();
     EXPECT_EQ(out.find("\x1b*p0P"), std::string::npos);
     EXPECT_EQ(out.find("\x1b*p1P"), std::string::npos);
-    // Each row mirrored, top row first: row 0's white pixel moves to the end, row 1's to the start.
+    // Each row mirrored, top row first: row 0's black pixel moves to the end, row 1's to the start.
     EXPECT_NE(out.find("\x1b*r3A\x1b*b0M\x1b*b2W" + Raw({0x00, 0x40}) + "\x1b*b2W" +
                        Raw({0x80, 0x00}) + "\x1b*rC\x1b%0B"),
               std::string::npos)

@@ -203,10 +203,10 @@ TEST(PixelImage, ConvertGreyAndOneBitToRGB) {
     ASSERT_NE(fromGrey, nullptr);
     EXPECT_EQ(bytesOf(*fromGrey), "\x05\x05\x05\xFA\xFA\xFA");
 
-    Image mono = make(3, 1, VRKPixelImage::kMono1, "\xA0");  // white, black, white
+    Image mono = make(3, 1, VRKPixelImage::kMono1, "\xA0");  // set, clear, set: black, white, black
     Image fromMono(mono->ConvertToRGB());
     ASSERT_NE(fromMono, nullptr);
-    EXPECT_EQ(bytesOf(*fromMono), std::string("\xFF\xFF\xFF\x00\x00\x00\xFF\xFF\xFF", 9));
+    EXPECT_EQ(bytesOf(*fromMono), std::string("\x00\x00\x00\xFF\xFF\xFF\x00\x00\x00", 9));
 
     Image rgb = make(1, 1, VRKPixelImage::kRGB8, "xyz");
     Image copy(rgb->ConvertToRGB());

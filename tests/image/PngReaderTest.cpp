@@ -67,13 +67,35 @@ TEST(PngReader, FilteredScanlinesAreDecoded) {
     EXPECT_EQ(Printable(bytesOf(*image)), Printable("\x0A\x0B\x0D"));
 }
 
-TEST(PngReader, OneBitGreyStaysOneBit) {
-    // Width 10: the file's padding bits are set on purpose; the image clears them.
+TEST(PngReader, OneBitGreyStaysOneBitWithBlackAsTheSetBit) {
+    // Width 10. The file's bit is the grey level (0 black); the image's is ink (1 black), so
+    // every pixel's bit is inverted. The file's padding bits differ on purpose (set in row 0,
+    // clear in row 1); the image keeps them clear either way.
+    // Row 0: 1010 0101 11 -> 0101 1010 00; row 1: 0000 0001 01 -> 1111 1110 10.
     Image image = readOk(TestPng::Build(10, 2, 1, kGrey, std::string("\0\xA5\xFF\0\x01\x40", 6)));
     ASSERT_NE(image, nullptr);
     EXPECT_EQ(image->GetFormat(), VRKPixelImage::kMono1);
     EXPECT_EQ(image->GetBytesPerRow(), 2u);
-    EXPECT_EQ(Printable(bytesOf(*image)), Printable(std::string("\xA5\xC0\x01\x40", 4)));
+    EXPECT_EQ(Printable(bytesOf(*image)), Printable(std::string("\x5A\x00\xFE\x80", 4)));
+}
+
+TEST(PngReader, InterlacedOneBitGreyIsInvertedOnce) {
+    // 3 x 3 in the file's seven passes, each row of a pass a filter byte and a byte of bits.
+    // The pixels, left to right and top to bottom, are 1 0 1 / 0 0 0 / 1 1 0 in the file
+    // (1 white). Passes 2 and 3 start beyond the image and hold nothing.
+    //   pass 1: (0,0)                 1
+    //   pass 4: (2,0)                 1
+    //   pass 5: (0,2)                 1
+    //   pass 6: (1,0), then (1,2)     0, then 1
+    //   pass 7: row 1                 0 0 0
+    const std::string passes = std::string("\0\x80", 2) + std::string("\0\x80", 2) +
+                               std::string("\0\x80", 2) + std::string("\0\x00", 2) +
+                               std::string("\0\x80", 2) + std::string("\0\x00", 2);
+    Image image = readOk(TestPng::Build(3, 3, 1, kGrey, passes, {}, /*interlace=*/1));
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->GetFormat(), VRKPixelImage::kMono1);
+    // Inverted: 0 1 0 / 1 1 1 / 0 0 1.
+    EXPECT_EQ(Printable(bytesOf(*image)), Printable(std::string("\x40\xE0\x20", 3)));
 }
 
 TEST(PngReader, TwoAndFourBitGreyAreScaledToEightBits) {
@@ -297,6 +319,36 @@ TEST(PngReaderOpenFile, LargeImagesAreStreamedWithTheSamePixels) {
     for (int y : {0, 1, 250, 1999, 3}) {
         ASSERT_NE(view.GetRow(y), nullptr) << y;
         EXPECT_EQ(std::memcmp(view.GetRow(y), whole->GetRow(y), 4800), 0) << y;
+    }
+}
+
+TEST(PngReaderOpenFile, LargeOneBitImagesAreStreamedWithTheirBitsInverted) {
+    // 8192 x 8200 pixels at 1 bit: 1024 bytes a row, 8.0 MiB and a little more once decoded.
+    // Byte x of row y in the file is (x + y) mod 256; the image holds its complement.
+    const int width = 8192, height = 8200, rowBytes = width / 8;
+    std::string scanlines;
+    scanlines.reserve(static_cast<std::size_t>(height) * (rowBytes + 1));
+    for (int y = 0; y < height; ++y) {
+        scanlines += '\0';
+        for (int x = 0; x < rowBytes; ++x) {
+            scanlines += static_cast<char>((x + y) & 0xFF);
+        }
+    }
+    TempFolder folder("png");
+    const std::string path =
+        folder.Write("large-1bit.png", TestPng::Build(width, height, 1, kGrey, scanlines));
+    std::string error;
+    Image streamed(VRKPngReader::OpenFile(path, error));
+    ASSERT_NE(streamed, nullptr) << error;
+    EXPECT_TRUE(streamed->IsStreamed());
+    EXPECT_EQ(streamed->GetFormat(), VRKPixelImage::kMono1);
+    const VRKPixelImage& view = *streamed;
+    for (int y : {0, 1, 4097, 8199, 2}) {
+        const unsigned char* row = view.GetRow(y);
+        ASSERT_NE(row, nullptr) << y;
+        EXPECT_EQ(row[0], static_cast<unsigned char>(~y & 0xFF)) << y;
+        EXPECT_EQ(row[5], static_cast<unsigned char>(~(5 + y) & 0xFF)) << y;
+        EXPECT_EQ(row[rowBytes - 1], static_cast<unsigned char>(~(rowBytes - 1 + y) & 0xFF)) << y;
     }
 }
 
