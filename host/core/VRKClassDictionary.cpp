@@ -68,13 +68,12 @@ VRKBaseUnknown* VRKClassDictionary::Create(std::string_view className,
     return entry->factory();
 }
 
-VRKClassRegistration::VRKClassRegistration(const VRKClassEntry& entry)
-    : className_(entry.className), framework_(entry.framework) {
+void VRKEnterInDictionary(const VRKClassEntry& entry) {
     VRKClassDictionary::Instance().Register(entry);
 }
 
-VRKClassRegistration::~VRKClassRegistration() {
-    VRKClassDictionary::Instance().Unregister(className_, framework_);
+void VRKRemoveFromDictionary(const VRKClassEntry& entry) {
+    VRKClassDictionary::Instance().Unregister(entry.className, entry.framework);
 }
 
 void VRKClassDictionary::RegisterInterface(const VRKInterfaceEntry& entry) {
@@ -142,13 +141,11 @@ VRKBaseUnknown* VRKClassDictionary::GetClassInterface(std::string_view className
     return entry != nullptr ? createTie(*entry, nullptr) : nullptr;
 }
 
-VRKInterfaceRegistration::VRKInterfaceRegistration(const VRKInterfaceEntry& entry)
-    : interfaceName_(entry.interfaceName),
-      className_(entry.className),
-      framework_(entry.framework) {
+void VRKEnterInDictionary(const VRKInterfaceEntry& entry) {
     VRKClassDictionary::Instance().RegisterInterface(entry);
 }
 
-VRKInterfaceRegistration::~VRKInterfaceRegistration() {
-    VRKClassDictionary::Instance().UnregisterInterface(interfaceName_, className_, framework_);
+void VRKRemoveFromDictionary(const VRKInterfaceEntry& entry) {
+    VRKClassDictionary::Instance().UnregisterInterface(entry.interfaceName, entry.className,
+                                                       entry.framework);
 }

@@ -1,17 +1,11 @@
 #pragma once
 
 #include "host/core/VRKClassEntry.h"
+#include "host/core/VRKDictionaryRegistration.h"
 
-// A static object of this type in a library enters a class in the class dictionary when the
-// library is loaded and takes it out again when the library is unloaded.
-class VRKClassRegistration {
-  public:
-    explicit VRKClassRegistration(const VRKClassEntry& entry);
-    ~VRKClassRegistration();
-    VRKClassRegistration(const VRKClassRegistration&) = delete;
-    VRKClassRegistration& operator=(const VRKClassRegistration&) = delete;
+// Enters a class in the class dictionary and takes it out again.
+void VRKEnterInDictionary(const VRKClassEntry& entry);
+void VRKRemoveFromDictionary(const VRKClassEntry& entry);
 
-  private:
-    std::string className_;
-    std::string framework_;
-};
+// A static object of this type in a library registers a class while the library is loaded.
+using VRKClassRegistration = VRKDictionaryRegistration<VRKClassEntry>;

@@ -4,23 +4,17 @@
 #include <string>
 
 #include "host/core/VRKDataExtension.h"
+#include "host/core/VRKDictionaryRegistration.h"
 #include "host/core/VRKInterfaceEntry.h"
 #include "host/core/VRKMetaClass.h"
 
-// A static object of this type in a library enters an interface implementation in the class
-// dictionary when the library is loaded and takes it out again when it is unloaded.
-class VRKInterfaceRegistration {
-  public:
-    explicit VRKInterfaceRegistration(const VRKInterfaceEntry& entry);
-    ~VRKInterfaceRegistration();
-    VRKInterfaceRegistration(const VRKInterfaceRegistration&) = delete;
-    VRKInterfaceRegistration& operator=(const VRKInterfaceRegistration&) = delete;
+// Enters an interface implementation in the class dictionary and takes it out again.
+void VRKEnterInDictionary(const VRKInterfaceEntry& entry);
+void VRKRemoveFromDictionary(const VRKInterfaceEntry& entry);
 
-  private:
-    std::string interfaceName_;
-    std::string className_;
-    std::string framework_;
-};
+// A static object of this type in a library registers an interface implementation while the
+// library is loaded.
+using VRKInterfaceRegistration = VRKDictionaryRegistration<VRKInterfaceEntry>;
 
 // The entry of an extension class that implements an interface for the class it extends, with the
 // names its meta class was defined with (VRK_DEFINE_CLASS): the extended class, the extension's
