@@ -94,8 +94,11 @@ inline __attribute__((always_inline)) const char* VRKJobCommonLines::PlayCommon(
     std::size_t common, const char* line, const char* limit, std::size_t maxLength,
     VRKJobArguments& arguments, const VRKJobVerb*& verb, std::index_sequence<J...>) {
     const char* next = nullptr;
-    ((common == J ? (next = PlayVerb<J>(line, limit, maxLength, arguments, verb), true) : false) ||
-     ...);
+    // The first J equal to `common` plays its line; the fold stops there.
+    static_cast<void>(
+        ((common == J ? (next = PlayVerb<J>(line, limit, maxLength, arguments, verb), true)
+                      : false) ||
+         ...));
     return next;
 }
 
