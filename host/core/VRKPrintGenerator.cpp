@@ -98,12 +98,18 @@ void VRKPrintGenerator::DrawPolyQuadBezier(int count, const float* xy) noexcept 
 
 void VRKPrintGenerator::DrawArcEllipse(float cx, float cy, float rx, float ry, float start,
                                        float end, float rotation, int filled) noexcept {
-    Guard([&] { DrvDrawArcEllipse(cx, cy, rx, ry, start, end, rotation, filled); });
+    Guard([&] {
+        ReturnFillColor();
+        DrvDrawArcEllipse(cx, cy, rx, ry, start, end, rotation, filled);
+    });
 }
 
 void VRKPrintGenerator::FillArea(int nbPolygons, const int* nbPoints,
                                  const float* points) noexcept {
-    Guard([&] { DrvFillArea(nbPolygons, nbPoints, points); });
+    Guard([&] {
+        ReturnFillColor();
+        DrvFillArea(nbPolygons, nbPoints, points);
+    });
 }
 
 void VRKPrintGenerator::DrawBitmap(float x, float y, int /*mode*/,
@@ -121,11 +127,14 @@ void VRKPrintGenerator::DefineColor(int index, float r, float g, float b) noexce
 
 void VRKPrintGenerator::SelectDrawColor(int index) noexcept {
     drawColor_ = index;
+    fillSelectedLast_ = false;
     Guard([&] { DrvSelectDrawColor(index); });
 }
 
 void VRKPrintGenerator::SelectFillColor(int index) noexcept {
     fillColor_ = index;
+    fillSelectedLast_ = true;
+    fillColorLent_ = false;
     Guard([&] { DrvSelectFillColor(index); });
 }
 

@@ -51,7 +51,10 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void DrawPolyQuadBezier(int count, const float* xy) noexcept;
     void DrawArcCircle(float cx, float cy, float radius, float start, float end,
                        int filled) noexcept {
-        Guard([&] { DrvDrawArcCircle(cx, cy, radius, start, end, filled); });
+        Guard([&] {
+            ReturnFillColor();
+            DrvDrawArcCircle(cx, cy, radius, start, end, filled);
+        });
     }
     void DrawArcEllipse(float cx, float cy, float rx, float ry, float start, float end,
                         float rotation, int filled) noexcept;
@@ -199,6 +202,9 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     void BeginTextFill(TextFillState& state);
     // After the last glyph: the fill colour and the rule as they were.
     void EndTextFill(const TextFillState& state);
+    // Selects the drawing's fill colour again in the generator, if a text still lends it the
+    // draw colour, before a call that fills.
+    void ReturnFillColor();
     void FillGlyphs(const VRKTextOutliner::Outlines& glyphs);
 
     VRKString language_;
@@ -206,6 +212,10 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     int fillRule_ = 0;
     int drawColor_ = 0;
     int fillColor_ = 0;
+    // True when the last colour selected was the fill colour: a pen plotter then holds its pen.
+    bool fillSelectedLast_ = false;
+    // True while the generator's fill colour is the draw colour a text was filled in.
+    bool fillColorLent_ = false;
     int fillMode_ = 0;
     int textAsGeometry_ = 0;
     int textFont_ = VRKFontDefault;

@@ -41,21 +41,41 @@ void VRKPrintGenerator::BeginTextFill(TextFillState& state) {
     if (fillColor_ != drawColor_) {
         DrvSelectFillColor(drawColor_);
         state.colourSwitched = true;
+    } else if (fillColorLent_) {
+        // An earlier text still holds the generator's fill colour, and the drawing's colours are
+        // now one: selecting it gives it back and fills this text in it.
+        DrvSelectFillColor(fillColor_);
+        fillColorLent_ = false;
     }
 }
 
 void VRKPrintGenerator::EndTextFill(const TextFillState& state) {
     if (state.colourSwitched) {
-        // The fill colour of the drawing again. A generator that takes up a pen when a colour
-        // is selected (a pen plotter) holds the fill colour's pen after that: the draw colour
-        // is selected again so that the lines after the text are drawn with its pen, as they
-        // are after any fill.
-        DrvSelectFillColor(fillColor_);
-        DrvSelectDrawColor(drawColor_);
+        // A generator that takes up a pen when a colour is selected (a pen plotter) holds the
+        // pen of the colour selected last. When that was the fill colour, it is selected again
+        // now, and the lines after the text are drawn with its pen as before. When it was the
+        // draw colour, the pen in hand is already the right one: the fill colour is lent to the
+        // text until a call that fills, which gets it back first (ReturnFillColor), and no pen
+        // is changed for nothing.
+        if (fillSelectedLast_) {
+            DrvSelectFillColor(fillColor_);
+        } else {
+            fillColorLent_ = true;
+        }
     }
     if (state.ruleSwitched) {
         DrvSetPolygonFillRule(state.previousRule);
     }
+}
+
+void VRKPrintGenerator::ReturnFillColor() {
+    if (!fillColorLent_) {
+        return;
+    }
+    fillColorLent_ = false;
+    // The fill colour, then the draw colour again: the pen in hand stays the draw colour's.
+    DrvSelectFillColor(fillColor_);
+    DrvSelectDrawColor(drawColor_);
 }
 
 void VRKPrintGenerator::FillGlyphs(const VRKTextOutliner::Outlines& glyphs) {

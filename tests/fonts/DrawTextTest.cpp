@@ -162,14 +162,14 @@ TEST_F(DrawText, GlyphsAreFilledInTheDrawColour) {
     r.SelectFillColor(5);
     r.log.clear();
     r.DrawText(0.0f, 0.0f, "HI");
-    // The rule, then the draw colour as fill colour; after the glyphs the fill colour, the draw
-    // colour again, and the rule.
-    EXPECT_EQ(r.log, "R1;C3;F1;F1;C5;D3;R0;");
+    // The rule, then the draw colour as fill colour; after the glyphs the fill colour (selected
+    // last, so a pen plotter takes its pen up again at once) and the rule.
+    EXPECT_EQ(r.log, "R1;C3;F1;F1;C5;R0;");
     EXPECT_EQ(r.GetDrawColor(), 3);
     EXPECT_EQ(r.GetFillColor(), 5);
     r.log.clear();
     r.DrawText(0.0f, 0.0f, "I");
-    EXPECT_EQ(r.log, "R1;C3;F1;C5;D3;R0;");
+    EXPECT_EQ(r.log, "R1;C3;F1;C5;R0;");
 }
 
 TEST_F(DrawText, EqualColoursSelectNothing) {
@@ -191,12 +191,59 @@ TEST_F(DrawText, TheColourFollowsTheLastSelections) {
     r.SelectDrawColor(2);  // fill colour still 0
     r.log.clear();
     r.DrawText(0.0f, 0.0f, "I");
-    EXPECT_EQ(r.log, "C2;F1;C0;D2;");
+    // The draw colour was selected last: its pen stays in hand, and the fill colour is lent to
+    // the text until something is filled.
+    EXPECT_EQ(r.log, "C2;F1;");
     r.SelectFillColor(2);
     r.SelectDrawColor(9);
     r.log.clear();
     r.DrawText(0.0f, 0.0f, "I");
-    EXPECT_EQ(r.log, "C9;F1;C2;D9;");
+    EXPECT_EQ(r.log, "C9;F1;");
+}
+
+TEST_F(DrawText, ALentFillColourComesBackBeforeTheNextFill) {
+    TextRecorder r;
+    r.SetPolygonFillRule(1);
+    r.SelectFillColor(5);
+    r.SelectDrawColor(3);
+    r.log.clear();
+    r.DrawText(0.0f, 0.0f, "I");
+    EXPECT_EQ(r.log, "C3;F1;");
+    // Lines need no colour back; a fill, a filled circle and a filled ellipse do: the fill
+    // colour, then the draw colour so that the pen in hand stays the draw colour's.
+    r.log.clear();
+    const int count = 3;
+    const float xy[] = {0, 0, 10, 0, 0, 10};
+    r.FillArea(1, &count, xy);
+    EXPECT_EQ(r.log, "C5;D3;F1;");
+    r.log.clear();
+    r.FillArea(1, &count, xy);
+    EXPECT_EQ(r.log, "F1;");
+    // Once given back, a second text lends it again.
+    r.DrawText(0.0f, 0.0f, "I");
+    r.log.clear();
+    r.DrawArcEllipse(0, 0, 5, 5, 0, 6.2831855f, 0, 1);
+    EXPECT_EQ(r.log.substr(0, 6), "C5;D3;");
+    EXPECT_EQ(r.GetFillColor(), 5);
+    EXPECT_EQ(r.GetDrawColor(), 3);
+}
+
+TEST_F(DrawText, ALentFillColourIsGivenBackWhenTheColoursBecomeOne) {
+    TextRecorder r;
+    r.SetPolygonFillRule(1);
+    r.SelectFillColor(5);
+    r.SelectDrawColor(3);
+    r.DrawText(0.0f, 0.0f, "I");
+    r.SelectDrawColor(5);
+    r.log.clear();
+    // The generator still fills in 3: the text selects 5 and the colour is no longer lent.
+    r.DrawText(0.0f, 0.0f, "I");
+    EXPECT_EQ(r.log, "C5;F1;");
+    r.log.clear();
+    const int count = 3;
+    const float xy[] = {0, 0, 10, 0, 0, 10};
+    r.FillArea(1, &count, xy);
+    EXPECT_EQ(r.log, "F1;");
 }
 
 TEST_F(DrawText, TextWithoutGlyphsSelectsNoColour) {
@@ -216,7 +263,7 @@ TEST_F(DrawText, AFailingFillStillGetsTheColourAndRuleBack) {
     r.throwAtFill = 2;
     r.log.clear();
     r.DrawText(0.0f, 0.0f, "HIT");
-    EXPECT_EQ(r.log, "R1;C1;F1;F1;C2;D1;R0;");
+    EXPECT_EQ(r.log, "R1;C1;F1;F1;C2;R0;");
     EXPECT_TRUE(r.HasFailed());
     EXPECT_EQ(r.GetPolygonFillRule(), 0);
 }
