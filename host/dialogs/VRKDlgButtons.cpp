@@ -10,13 +10,25 @@
 
 namespace {
 
+// Changes made from code, counted for every button at once: a button checked from code in an
+// exclusive group unchecks another, and that is no user's change either.
+int changesFromCode = 0;
+
+class FromCode {
+  public:
+    FromCode() { ++changesFromCode; }
+    ~FromCode() { --changesFromCode; }
+    FromCode(const FromCode&) = delete;
+    FromCode& operator=(const FromCode&) = delete;
+};
+
 // A checkable button: OnChange on every change of state but those made by SetState.
 template <class Widget>
 class CheckableImpl : public VRKDlgObjectImpl {
   public:
     CheckableImpl() : VRKDlgObjectImpl(new Widget) {
         QObject::connect(Get(), &QAbstractButton::toggled, Get(), [this](bool) {
-            if (!fromCode && onChange) {
+            if (changesFromCode == 0 && onChange) {
                 onChange();
             }
         });
@@ -24,7 +36,7 @@ class CheckableImpl : public VRKDlgObjectImpl {
     Widget* Get() const { return static_cast<Widget*>(widget.data()); }
     void ApplyTitle(const std::string& text) override { Get()->setText(VRKDlgQString(text)); }
     void SetState(bool checked) {
-        fromCode = true;
+        FromCode fromCode;
         QButtonGroup* group = Get()->group();
         // An exclusive group refuses to uncheck its checked button.
         bool exclusive = group != nullptr && group->exclusive();
@@ -35,11 +47,9 @@ class CheckableImpl : public VRKDlgObjectImpl {
         if (!checked && exclusive) {
             group->setExclusive(true);
         }
-        fromCode = false;
     }
 
     VRKDlgCallback onChange;
-    bool fromCode = false;
 };
 
 using CheckImpl = CheckableImpl<QCheckBox>;
@@ -80,6 +90,7 @@ bool VRKDlgRadioButton::GetState() const {
 void VRKDlgRadioButton::SetExclusive(bool exclusive) {
     auto& impl = static_cast<RadioImpl&>(GetImpl());
     VRKDlgObjectImpl& container = GetParent()->GetImpl();
+    FromCode fromCode;
     if (exclusive) {
         if (container.exclusiveGroup == nullptr) {
             container.exclusiveGroup = new QButtonGroup(container.widget);

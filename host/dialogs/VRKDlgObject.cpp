@@ -20,10 +20,15 @@ VRKDlgObject::VRKDlgObject(VRKDlgObject* parent, const std::string& key,
 }
 
 VRKDlgObject::~VRKDlgObject() {
+    // Taking the widgets apart is nobody's change: no notification is called on the way.
+    if (m_impl->widget) {
+        m_impl->widget->blockSignals(true);
+    }
     while (!m_impl->children.empty()) {
         delete m_impl->children.back();
     }
     if (m_impl->parent != nullptr) {
+        m_impl->parent->m_impl->Remove(*m_impl);
         auto& siblings = m_impl->parent->m_impl->children;
         siblings.erase(std::remove(siblings.begin(), siblings.end(), this), siblings.end());
     }

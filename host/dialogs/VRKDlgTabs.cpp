@@ -24,6 +24,11 @@ class TabContainerImpl : public VRKDlgObjectImpl {
         tabs->addTab(child.widget, VRKDlgQString(child.title));
         fromCode = false;
     }
+    void Remove(VRKDlgObjectImpl& child) override {
+        fromCode = true;
+        tabs->removeTab(tabs->indexOf(child.widget));
+        fromCode = false;
+    }
     QTabWidget* tabs;
     VRKDlgCallback onChange;
     bool fromCode = false;

@@ -25,6 +25,8 @@ class VRKDlgObjectImpl {
     virtual void ApplyTitle(const std::string& text);
     // Places a new child's widget: by default in the grid, in the next free row.
     virtual void Adopt(VRKDlgObjectImpl& child);
+    // Called before a child goes (nothing by default: its widget leaves the grid when deleted).
+    virtual void Remove(VRKDlgObjectImpl&) {}
     // Makes the widget ready to be rendered (a tab page becomes the current page).
     virtual void PrepareScreenshot() {}
     virtual void ApplySensitivity(bool sensitive);
