@@ -1,4 +1,10 @@
 #include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
 
 #include "host/dialogs/VRKDlgApplication.h"
 
@@ -42,6 +48,37 @@ TEST(DialogApplication, OffscreenIsAvailableHere) {
     std::string why = "old";
     EXPECT_TRUE(VRKDlgApplication::Available(why)) << why;
     EXPECT_EQ(why, "");
+}
+
+// The program runs itself with no display and no platform in its environment: Available() says
+// so, and the child goes on to its end instead of being ended by Qt.
+TEST(DialogApplication, WithoutDisplayAvailableRefusesAndTheProgramGoesOn) {
+    std::string why;
+    if (std::getenv("VRK_DLG_NO_DISPLAY_CHILD") != nullptr) {
+        EXPECT_FALSE(VRKDlgApplication::Available(why));
+        EXPECT_EQ(why.rfind("no display: ", 0), 0u) << why;
+        return;
+    }
+    std::string filter =
+        "--gtest_filter=DialogApplication.WithoutDisplayAvailableRefusesAndTheProgramGoesOn";
+    std::vector<char*> argv = {const_cast<char*>("/proc/self/exe"), filter.data(), nullptr};
+    std::vector<std::string> variables = {"VRK_DLG_NO_DISPLAY_CHILD=1"};
+    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"}) {
+        if (const char* value = std::getenv(name)) {
+            variables.push_back(std::string(name) + "=" + value);
+        }
+    }
+    std::vector<char*> envp;
+    for (std::string& variable : variables) {
+        envp.push_back(variable.data());
+    }
+    envp.push_back(nullptr);
+    pid_t child = 0;
+    ASSERT_EQ(posix_spawn(&child, "/proc/self/exe", nullptr, nullptr, argv.data(), envp.data()), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 }  // namespace
