@@ -21,6 +21,9 @@ packages=(
   libfreetype-dev fonts-dejavu-core
   # Settings files: XML
   libpugixml-dev
+  # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
+  # that its tests run on without a display
+  qt6-base-dev qt6-qpa-plugins
   # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
   libplot-dev linux-perf
   # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
