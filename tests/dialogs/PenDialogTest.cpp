@@ -31,14 +31,16 @@ class PenDialog : public ::testing::Test {
   protected:
     void Open() {
         dialog = new VRKPrintHPGLDialog(nullptr, &record);
-        dialog->SetOnEnd([this](bool ok) { ends.push_back(ok); });
+        // A dialog that ended deletes itself: the test lets go of it then.
+        dialog->SetOnEnd([this](bool ok) {
+            ends.push_back(ok);
+            dialog = nullptr;
+        });
         dialog->Show();
         VRKDlgApplication::ProcessEvents();
     }
     void TearDown() override {
-        if (dialog != nullptr && !dialog->IsDeleteRequested()) {
-            delete dialog;
-        }
+        delete dialog;
         VRKDlgApplication::ProcessEvents();
     }
     template <class T>
@@ -221,12 +223,14 @@ TEST_F(PenDialog, ResetWritesTheDefaultPensAtOnce) {
     record.SetOrigin(0);
     Open();
     Click(W<VRKDlgPushButton>("ResetButton"));
+    // The first dialog ends itself once the click is handled: its successor is taken before.
+    ASSERT_TRUE(dialog->IsDeleteRequested());
+    VRKPrintHPGLDialog* next = dialog->GetSuccessor();
+    ASSERT_NE(next, nullptr);
+    dialog = next;
     VRKDlgApplication::ProcessEvents();
     EXPECT_EQ(record.GetPenTable(), VRKPrintHPGLProperties().GetPenTable());
     EXPECT_EQ(record.GetOrigin(), 0);
-    VRKPrintHPGLDialog* next = dialog->GetSuccessor();
-    ASSERT_NE(next, nullptr);
-    dialog = next;  // the first one ended itself
     EXPECT_EQ(W<VRKDlgMultiList>("PenList").GetLineCount(), 31);
     // Cancelling the new dialog keeps the reset; the end notification came over to it.
     ClickCancel(*dialog);
