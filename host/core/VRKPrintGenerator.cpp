@@ -8,6 +8,7 @@
 #include "host/core/VRKFont.h"
 #include "host/core/VRKPrintFileGenerator.h"
 #include "host/core/VRKPrintStream.h"
+#include "host/core/VRKPropertyEditorEntry.h"
 #include "host/core/VRKSaturatingTrunc.h"
 
 VRK_DEFINE_CLASS(VRKPrintGenerator, VRKBaseUnknown, "VRKNull", "Print")
@@ -179,6 +180,11 @@ void VRKPrintGenerator::GetPrintTextManagement(VRKFont* /*font*/, const VRKUnico
 }
 
 // ---- Default hooks ------------------------------------------------------------------------
+
+VRKDlgDialog* VRKPrintGenerator::CreatePropertyEditor(VRKDlgDialog* parent) {
+    const VRKPropertyEditorFactory factory = VRKFindPropertyEditor(GetMetaObject()->GetClassName());
+    return factory != nullptr ? factory(parent, *this) : nullptr;
+}
 
 void VRKPrintGenerator::DrvBegin(const VRKPrintParameters& /*params*/) {}
 void VRKPrintGenerator::DrvEnd() {}

@@ -10,6 +10,7 @@
 #include "host/core/VRKTextOutliner.h"
 #include "host/core/VRKUnicodeString.h"
 
+class VRKDlgDialog;
 class VRKFont;
 class VRKPixelImage;
 
@@ -81,6 +82,11 @@ class VRKPrintGenerator : public VRKBaseUnknown {
     // has none yet (some generators make theirs only when the first job starts), and returns it:
     // a host calls this before it applies saved settings.
     virtual VRKBaseUnknown* EnsureProperties() { return GetProperties(); }
+    // The property-editor factory: makes the generator's property dialog, parented to `parent`
+    // (may be null) and editing the generator's record, shown by the caller. The dialogs live in
+    // a library of their own, which enters an editor for each generator class as it loads; null
+    // while it is not loaded, or for a class it has no editor for.
+    virtual VRKDlgDialog* CreatePropertyEditor(VRKDlgDialog* parent);
     // Asks who draws a text: the generator (support 2) or the host, as geometry (support 1).
     // The default leaves every text to the host.
     virtual void GetPrintTextManagement(VRKFont* font, const VRKUnicodeString& text,

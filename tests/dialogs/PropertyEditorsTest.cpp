@@ -1,0 +1,50 @@
+// The generators' property-editor factory, with the library of dialogs loaded.
+
+#include <gtest/gtest.h>
+
+#include "dialogs/VRKPrintHPGL2Dialog.h"
+#include "dialogs/VRKPrintHPGLDialog.h"
+#include "generator/VRKPrintHPGL2Generator.h"
+#include "host/dialogs/VRKDlgApplication.h"
+#include "host/dialogs/VRKDlgCheckButton.h"
+#include "host/dialogs/VRKDlgCombo.h"
+#include "hpgl/VRKPrintHPGLGenerator.h"
+#include "properties/VRKPrintHPGL2Properties.h"
+#include "properties/VRKPrintHPGLProperties.h"
+
+namespace {
+
+TEST(PropertyEditors, TheHPGL2GeneratorEditsItsRecord) {
+    auto* generator = new VRKPrintHPGL2Generator;
+    auto* record = dynamic_cast<VRKPrintHPGL2Properties*>(generator->GetProperties());
+    ASSERT_NE(record, nullptr);
+    record->SetType(1);
+    VRKDlgDialog* editor = generator->CreatePropertyEditor(nullptr);
+    auto* dialog = dynamic_cast<VRKPrintHPGL2Dialog*>(editor);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(dialog->FindChild<VRKDlgCheckButton>("HPGLRestriction")->GetState());
+    delete dialog;
+    VRKDlgApplication::ProcessEvents();
+    generator->Release();
+}
+
+TEST(PropertyEditors, TheHPGLGeneratorEditsTheInnerGeneratorsPens) {
+    auto* generator = new VRKPrintHPGLGenerator;
+    auto* settings = dynamic_cast<VRKPrintHPGLProperties*>(generator->GetProperties());
+    ASSERT_NE(settings, nullptr);
+    settings->SetOrigin(4);
+    auto* dialog = dynamic_cast<VRKPrintHPGLDialog*>(generator->CreatePropertyEditor(nullptr));
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(&dialog->GetRecord(), settings);
+    EXPECT_EQ(dialog->FindChild<VRKDlgCombo>("OriginChoice")->GetSelect(), 4);
+    delete dialog;
+    VRKDlgApplication::ProcessEvents();
+    generator->Release();
+}
+
+TEST(PropertyEditors, AGeneratorWithoutAnEditorGivesNone) {
+    VRKPrintGenerator plain("PLAIN");
+    EXPECT_EQ(plain.CreatePropertyEditor(nullptr), nullptr);
+}
+
+}  // namespace
