@@ -87,6 +87,7 @@ void VRKPrintHPGLDialog::BuildPenPage(VRKDlgTabContainer& tabs) {
     colorChoice->SetOnSelect([this] { ColorChosen(); });
     widthLabel = new VRKDlgLabel(*frame2, "WidthLabel");
     widthLabel->SetTitle(Text("WidthLabel", "Width"));
+    widthLabel->SetGrid(1, 0);
     widthSpinner = new VRKDlgSpinner(*frame2, "WidthSpinner");
     widthSpinner->SetGrid(1, 1);
     widthSpinner->SetRange(0.1, 3.1, 60);
@@ -97,6 +98,7 @@ void VRKPrintHPGLDialog::BuildPenPage(VRKDlgTabContainer& tabs) {
     widthSpinner->SetOnDown([this] { WidthChanged(); });
     activationCheck = new VRKDlgCheckButton(*frame2, "ActivationCheck");
     activationCheck->SetTitle(Text("ActivationCheck", "Activation"));
+    activationCheck->SetGrid(2, 0, 1, -1);
     activationCheck->SetOnChange([this] { ActivationChanged(); });
 
     auto* frame2bis = new VRKDlgFrame(*page, "Frame2bis");
@@ -118,9 +120,12 @@ void VRKPrintHPGLDialog::BuildPrinterPage(VRKDlgTabContainer& tabs) {
     }
     relativeCheck = new VRKDlgCheckButton(*frame3, "RelativeCheck");
     relativeCheck->SetTitle(Text("RelativeCheck", "Relative pen moves"));
+    relativeCheck->SetGrid(1, 0, 1, -1);
     auto* thicknessLabel = new VRKDlgLabel(*frame3, "ThicknessLabel");
     thicknessLabel->SetTitle(Text("ThicknessLabel", "Line thickness"));
+    thicknessLabel->SetGrid(2, 0);
     auto* frame31 = new VRKDlgFrame(*frame3, "Frame31");
+    frame31->SetGrid(2, 1);
     modelThickness = new VRKDlgRadioButton(*frame31, "ModelThickness");
     modelThickness->SetTitle(Text("ModelThickness", "Model thickness"));
     penThickness = new VRKDlgRadioButton(*frame31, "PenThickness");
