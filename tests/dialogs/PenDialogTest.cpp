@@ -63,8 +63,11 @@ class PenDialog : public ::testing::Test {
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
                           view->visualRect(view->model()->index(line, 0)).center());
     }
+    // A click at the left end of a button, on its box: a button stretched over its row takes
+    // clicks only on its box and text.
     void Click(const VRKDlgObject& widget) {
-        QTest::mouseClick(VRKDlgQtWidget(widget), Qt::LeftButton);
+        QWidget* w = VRKDlgQtWidget(widget);
+        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
     }
     void ClickOk(VRKDlgDialog& d) { QTest::mouseClick(VRKDlgQtOkButton(d), Qt::LeftButton); }
     void ClickCancel(VRKDlgDialog& d) {

@@ -1,5 +1,6 @@
 #include "tools/vrkplot/PlotCommand.h"
 
+#include <filesystem>
 #include <iostream>
 #include <optional>
 
@@ -186,24 +187,33 @@ int PlotCommand::Run() const {
     return status;
 }
 
-int PlotCommand::PrintSettings(const std::string& language, const std::string& settingsPath) {
-    std::string error;
+VRKBaseUnknown* PlotCommand::SettingsGenerator(const std::string& language,
+                                               const std::string& settingsPath, bool mayBeNew,
+                                               std::string& error) {
     VRKLightXmlElement file;
-    if (!settingsPath.empty() && !VRKLightXmlFile::Read(settingsPath, file, error)) {
-        return fail(error);
+    // A settings file that does not exist yet starts from the language's defaults, when asked.
+    const bool readFile =
+        !settingsPath.empty() && !(mayBeNew && !std::filesystem::exists(settingsPath));
+    if (readFile && !VRKLightXmlFile::Read(settingsPath, file, error)) {
+        return nullptr;
     }
     const VRKClassEntry* entry =
-        chooseLanguage(language, settingsPath.empty() ? nullptr : &file, settingsPath, error);
+        chooseLanguage(language, readFile ? &file : nullptr, settingsPath, error);
     if (entry == nullptr) {
-        return fail(error);
+        return nullptr;
     }
     std::vector<JobPlotter::Settings> settings;
-    if (!settingsPath.empty()) {
+    if (readFile) {
         settings.push_back({file, settingsPath});
     }
-    VRKBaseUnknown* generator = JobPlotter(*entry, settings).MakeGenerator();
+    return JobPlotter(*entry, settings).MakeGenerator();
+}
+
+int PlotCommand::PrintSettings(const std::string& language, const std::string& settingsPath) {
+    std::string error;
+    VRKBaseUnknown* generator = SettingsGenerator(language, settingsPath, false, error);
     if (generator == nullptr) {
-        return kFailure;
+        return error.empty() ? kFailure : fail(error);
     }
     VRKLightXmlElement element;
     const bool written = VRKGeneratorSettings::Write(generator, element, error);

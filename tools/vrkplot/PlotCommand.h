@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+class VRKBaseUnknown;
+
 // `vrkplot JOB...`: plots job files with a language or a printer, to their destinations.
 struct PlotCommand {
     std::vector<std::string> jobs;
@@ -27,4 +29,12 @@ struct PlotCommand {
     // `vrkplot settings`: prints the settings of `language` (empty: HPGL2, or the language of the
     // settings file) with the settings file (if any) read over its defaults.
     static int PrintSettings(const std::string& language, const std::string& settingsPath);
+    // `vrkplot settings --edit`: opens the language's settings dialog on those settings; what OK
+    // changed is written to the settings file (or printed when there is none).
+    static int EditSettings(const std::string& language, const std::string& settingsPath);
+    // The generator of `language` with the settings file read over its defaults (a file that
+    // does not exist yet is taken as empty when `mayBeNew`); null with `error` when it fails.
+    static VRKBaseUnknown* SettingsGenerator(const std::string& language,
+                                             const std::string& settingsPath, bool mayBeNew,
+                                             std::string& error);
 };

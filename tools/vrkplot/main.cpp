@@ -114,6 +114,10 @@ int main(int argc, char** argv) {
                                 "--settings file)");
     settingsCommand->add_option("--settings", settingsCommandPath,
                                 "Settings file (XML) read over the defaults");
+    bool editSettings = false;
+    settingsCommand->add_flag("--edit", editSettings,
+                              "Opens the language's settings dialog; what OK changes is written "
+                              "to the --settings file (a new one may be named), else printed");
 
     CLI::App* printersCommand =
         app.add_subcommand("printers",
@@ -187,7 +191,8 @@ int main(int argc, char** argv) {
         return printers.Run();
     }
     if (settingsCommand->parsed()) {
-        return PlotCommand::PrintSettings(settingsLanguage, settingsCommandPath);
+        return editSettings ? PlotCommand::EditSettings(settingsLanguage, settingsCommandPath)
+                            : PlotCommand::PrintSettings(settingsLanguage, settingsCommandPath);
     }
     plot.haveOutput = outputOption->count() > 0;
     plot.haveTimeout = timeoutOption->count() > 0;
