@@ -8,21 +8,45 @@
 
 namespace {
 
-// The slider's positions are the steps 0 to `steps`; values are computed from them.
+// The slider keeps the value it was given, any value of its range; its positions divide each
+// step into kPositionsPerStep, so that it shows a value between steps where it lies, and the
+// keys move it by whole steps. A move by the user makes the value the position's.
+constexpr int kPositionsPerStep = 1000;
+
 class SliderImpl : public VRKDlgObjectImpl {
   public:
     SliderImpl() : VRKDlgObjectImpl(new QSlider(Qt::Horizontal)) {
-        Get()->setRange(0, steps);
-        QObject::connect(Get(), &QSlider::valueChanged, Get(), [this](int) {
-            if (!fromCode && onChange) {
+        Configure();
+        QObject::connect(Get(), &QSlider::valueChanged, Get(), [this](int position) {
+            if (fromCode) {
+                return;
+            }
+            value = min + (max - min) * position / (static_cast<double>(steps) * kPositionsPerStep);
+            if (onChange) {
                 onChange();
             }
         });
     }
     QSlider* Get() const { return static_cast<QSlider*>(widget.data()); }
+    void Configure() {
+        fromCode = true;
+        Get()->setRange(0, steps * kPositionsPerStep);
+        Get()->setSingleStep(kPositionsPerStep);
+        Get()->setPageStep(kPositionsPerStep);
+        fromCode = false;
+    }
+    void Show() {
+        const double span = max - min;
+        const double position =
+            span > 0 ? std::round((value - min) / span * steps * kPositionsPerStep) : 0.0;
+        fromCode = true;
+        Get()->setValue(static_cast<int>(position));
+        fromCode = false;
+    }
 
     double min = 0, max = 100;
     int steps = 100;
+    double value = 0;
     bool fromCode = false;
     VRKDlgCallback onChange;
 };
@@ -37,42 +61,29 @@ VRKDlgSlider::VRKDlgSlider(VRKDlgContainer& parent, const std::string& key)
     : VRKDlgObject(&parent, key, std::make_unique<SliderImpl>()) {}
 
 bool VRKDlgSlider::SetRange(double min, double max, int steps) {
-    if (!std::isfinite(min) || !std::isfinite(max) || max < min || steps < 1) {
+    // The positions of every step must fit the int the slider counts in.
+    if (!std::isfinite(min) || !std::isfinite(max) || max < min || steps < 1 || steps > 1000000) {
         return false;
     }
-    double value = GetValue();
+    const double value = GetValue();
     SliderImpl& impl = Impl(*this);
     impl.min = min;
     impl.max = max;
     impl.steps = steps;
-    impl.fromCode = true;
-    impl.Get()->setRange(0, steps);
-    impl.fromCode = false;
+    impl.Configure();
     SetValue(value);
     return true;
 }
 
 void VRKDlgSlider::SetValue(double value) {
     SliderImpl& impl = Impl(*this);
-    double position = 0;
-    if (impl.max > impl.min && std::isfinite(value)) {
-        position = std::round((value - impl.min) / (impl.max - impl.min) * impl.steps);
-    } else if (value >= impl.max) {
-        position = impl.steps;
-    }
-    position = std::clamp(position, 0.0, static_cast<double>(impl.steps));
-    impl.fromCode = true;
-    impl.Get()->setValue(static_cast<int>(position));
-    impl.fromCode = false;
+    impl.value = std::isfinite(value) ? std::clamp(value, impl.min, impl.max)
+                                      : (value > 0 ? impl.max : impl.min);
+    impl.Show();
 }
 
 double VRKDlgSlider::GetValue() const {
-    SliderImpl& impl = Impl(*this);
-    int position = impl.Get()->value();
-    if (position >= impl.steps) {
-        return impl.max;
-    }
-    return impl.min + (impl.max - impl.min) * position / impl.steps;
+    return Impl(*this).value;
 }
 
 void VRKDlgSlider::SetOnChange(VRKDlgCallback callback) {

@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include <QSlider>
 #include "host/dialogs/VRKDlgCheckButton.h"
 #include "host/dialogs/VRKDlgColorViewer.h"
 #include "host/dialogs/VRKDlgCombo.h"
@@ -12,6 +13,7 @@
 #include "host/dialogs/VRKDlgPushButton.h"
 #include "host/dialogs/VRKDlgRadioButton.h"
 #include "host/dialogs/VRKDlgSeparator.h"
+
 #include "host/dialogs/VRKDlgSlider.h"
 #include "host/dialogs/VRKDlgSpinner.h"
 #include "host/dialogs/VRKDlgTabContainer.h"
@@ -166,8 +168,10 @@ TEST_F(DialogTest, SliderStepsAndValue) {
     calls = 0;
     slider->SetOnChange(Count);
     EXPECT_TRUE(slider->SetRange(1.0, 3.0, 8));
+    // Any value of the range is kept as it is given.
     slider->SetValue(1.6);
-    EXPECT_EQ(slider->GetValue(), 1.5);
+    EXPECT_EQ(slider->GetValue(), 1.6);
+    EXPECT_EQ(static_cast<QSlider*>(VRKDlgQtWidget(*slider))->value(), 2400);
     slider->SetValue(9.0);
     EXPECT_EQ(slider->GetValue(), 3.0);
     slider->SetValue(-9.0);
