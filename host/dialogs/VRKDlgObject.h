@@ -16,7 +16,8 @@ using VRKDlgCallback = std::function<void()>;
 // A widget has a key, unique among the widgets of its dialog, by which the dialog's code and its
 // tests find it, and a parent: the container it sits in. A widget is made with `new` on its
 // parent and is owned by it from then on: deleting the parent deletes its children. A widget may
-// also be deleted on its own; it leaves its parent then.
+// also be deleted on its own; it leaves its parent then, but not from inside one of its own
+// notifications (a dialog ends itself with RequestDelete).
 //
 // Texts are UTF-8. Nothing here includes a header of the toolkit underneath (Qt 6 Widgets): the
 // implementation is behind the opaque VRKDlgObjectImpl.

@@ -146,4 +146,35 @@ TEST_F(DialogTest, ButtonsComeLastInTheKeyboardOrder) {
                                      VRKDlgQtCancelButton(*dialog), VRKDlgQtWidget(*check)}));
 }
 
+TEST_F(DialogTest, ChildDialogIsOwnedByItsParentAndEndsOnItsOwn) {
+    bool deleted = false;
+    auto* parent = new WatchedDialog(deleted, VRKDlgDialog::kOkButton);
+    auto* child = new VRKDlgDialog(parent, "Child", VRKDlgDialog::kCancelButton);
+    EXPECT_EQ(child->GetParent(), parent);
+    EXPECT_EQ(parent->FindChild<VRKDlgDialog>("Child"), child);
+    EXPECT_EQ(VRKDlgQtOkButton(*child), nullptr);
+    child->Show();
+    QTest::mouseClick(VRKDlgQtCancelButton(*child), Qt::LeftButton);
+    VRKDlgApplication::ProcessEvents();
+    EXPECT_EQ(parent->GetChildCount(), 0);
+    new VRKDlgDialog(parent, "Second");
+    delete parent;  // takes its child dialog with it
+    EXPECT_TRUE(deleted);
+}
+
+TEST_F(DialogTest, ShowAndHideFollowTheVisibilityFlag) {
+    EXPECT_FALSE(dialog->IsVisible());
+    dialog->Show();
+    EXPECT_TRUE(dialog->IsVisible());
+    EXPECT_TRUE(VRKDlgQtWidget(*dialog)->isVisible());
+    dialog->Hide();
+    EXPECT_FALSE(dialog->IsVisible());
+    EXPECT_FALSE(VRKDlgQtWidget(*dialog)->isVisible());
+    dialog->RequestDelete();
+    dialog->Show();  // an ended dialog stays hidden
+    EXPECT_FALSE(VRKDlgQtWidget(*dialog)->isVisible());
+    dialog = nullptr;  // deletes itself
+    VRKDlgApplication::ProcessEvents();
+}
+
 }  // namespace
