@@ -316,6 +316,32 @@ bool VRKPrinterManager::Remove(const VRKUnicodeString& name, std::string& error)
     }
 }
 
+bool VRKPrinterManager::ReplaceSettings(const VRKUnicodeString& name,
+                                        const VRKLightXmlElement& settings, std::string& error) {
+    try {
+        if (!Check(error)) {
+            return false;
+        }
+        const auto found = std::find_if(printers_.begin(), printers_.end(),
+                                        [&](VRKPrinter* p) { return p->GetName() == name; });
+        if (found == printers_.end()) {
+            error = path_ + ": no " + VRKPrinterNames::Label(name.ToUtf8()) + " in the list";
+            return false;
+        }
+        VRKPrinter* old = *found;
+        removed_.reserve(removed_.size() + 1);
+        auto* replacement =
+            new VRKPrinter(old->GetName(), old->GetLanguage(), old->GetDescription(),
+                           old->GetDestination(), &settings, old->GetFile(), old->GetSourceLine());
+        removed_.push_back(old);
+        *found = replacement;
+        return true;
+    } catch (const std::bad_alloc&) {
+        error = path_ + ": out of memory";
+        return false;
+    }
+}
+
 bool VRKPrinterManager::Save(std::string& error) {
     try {
         return Check(error) && makeParentFolders(path_, error) && Write(error);

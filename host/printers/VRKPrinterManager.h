@@ -64,6 +64,10 @@ class VRKPrinterManager {
              const VRKLightXmlElement* settings, std::string& error);
     // Takes a printer out of the list.
     bool Remove(const VRKUnicodeString& name, std::string& error);
+    // Gives a printer new settings (copied), keeping its place in the list and everything else.
+    // The printer object found before stays valid, with its old settings, until End().
+    bool ReplaceSettings(const VRKUnicodeString& name, const VRKLightXmlElement& settings,
+                         std::string& error);
     // Writes the whole list to the file, creating its missing folders first, whole or not at all:
     // when writing fails, the file is as it was.
     bool Save(std::string& error);

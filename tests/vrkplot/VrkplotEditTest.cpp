@@ -26,4 +26,24 @@ TEST_F(Vrkplot, EditWithoutADisplayFailsAtOnce) {
     EXPECT_EQ(folder.Listing(), "mine.xml\n");
 }
 
+TEST_F(Vrkplot, PrinterEditWithoutADisplayLeavesTheList) {
+    const ScopedEnv display("DISPLAY", std::nullopt);
+    const ScopedEnv wayland("WAYLAND_DISPLAY", std::nullopt);
+    const ScopedEnv platform("QT_QPA_PLATFORM", std::nullopt);
+    const std::string list = "VRK_PRINTERS=" + folder.File("printers.xml");
+    ASSERT_EQ(
+        Run({"printers", "--add", "pens", "-l", "HPGL", "--destination", "out.plt", "-q"}, {list}),
+        0)
+        << err;
+    const std::string before = ReadFileBytes(folder.File("printers.xml"));
+    EXPECT_EQ(Run({"printers", "--edit", "pens"}, {list}), 2);
+    EXPECT_EQ(err,
+              "vrkplot: cannot show the settings dialog: no display: neither DISPLAY nor "
+              "WAYLAND_DISPLAY is set (QT_QPA_PLATFORM=offscreen runs dialogs without one)\n");
+    EXPECT_EQ(ReadFileBytes(folder.File("printers.xml")), before);
+    EXPECT_EQ(Run({"printers", "--edit", "nobody"}, {list}), 2);
+    EXPECT_EQ(err,
+              "vrkplot: " + folder.File("printers.xml") + ": no printer 'nobody' in the list\n");
+}
+
 }  // namespace

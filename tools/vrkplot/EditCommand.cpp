@@ -10,6 +10,7 @@
 #include "host/xml/VRKGeneratorSettings.h"
 #include "host/xml/VRKLightXmlFile.h"
 #include "tools/vrkplot/PlotCommand.h"
+#include "tools/vrkplot/SettingsEditing.h"
 #include "tools/vrkplot/SettingsEditor.h"
 
 namespace {
@@ -43,16 +44,12 @@ struct Released {
 
 }  // namespace
 
-int PlotCommand::EditSettings(const std::string& language, const std::string& settingsPath) {
+int vrkplot::EditInDialog(VRKBaseUnknown* generator, bool& changed, VRKLightXmlElement& settings) {
     std::string error;
-    const Released generator{SettingsGenerator(language, settingsPath, true, error)};
-    auto* printGenerator = dynamic_cast<VRKPrintGenerator*>(generator.object);
-    if (printGenerator == nullptr) {
-        return error.empty() ? kFailure : fail(error);
-    }
+    auto* printGenerator = dynamic_cast<VRKPrintGenerator*>(generator);
     std::string before;
-    if (!settingsText(generator.object, before, error)) {
-        return fail(error);
+    if (printGenerator == nullptr || !settingsText(generator, before, error)) {
+        return fail(error.empty() ? "the language has no settings" : error);
     }
     if (!VRKDriverLoader::Load("VRKPlotEdit", error)) {
         return fail("cannot load the settings dialogs: " + error);
@@ -74,15 +71,31 @@ int PlotCommand::EditSettings(const std::string& language, const std::string& se
             break;
     }
     std::string after;
-    if (!settingsText(generator.object, after, error)) {
+    if (!VRKGeneratorSettings::Write(generator, settings, error)) {
         return fail(error);
     }
-    if (after == before) {
+    after = VRKLightXmlFile::ToText(settings);
+    changed = after != before;
+    if (!changed) {
         std::cerr << "vrkplot: the settings are unchanged\n";
-        return 0;
+    }
+    return 0;
+}
+
+int PlotCommand::EditSettings(const std::string& language, const std::string& settingsPath) {
+    std::string error;
+    const Released generator{SettingsGenerator(language, settingsPath, true, error)};
+    if (generator.object == nullptr) {
+        return error.empty() ? kFailure : fail(error);
+    }
+    bool changed = false;
+    VRKLightXmlElement settings;
+    if (const int status = vrkplot::EditInDialog(generator.object, changed, settings);
+        status != 0 || !changed) {
+        return status;
     }
     if (settingsPath.empty()) {
-        std::cout << after;
+        std::cout << VRKLightXmlFile::ToText(settings);
         std::cout.flush();
         return std::cout ? 0 : kFailure;
     }

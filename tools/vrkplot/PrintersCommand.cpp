@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/core/VRKBaseUnknown.h"
+#include "host/core/VRKPrintGenerator.h"
 #include "host/core/VRKRawCollPV.h"
 #include "host/output/VRKDestination.h"
 #include "host/printers/VRKPrinter.h"
@@ -13,6 +14,7 @@
 #include "host/xml/VRKLightXmlElement.h"
 #include "host/xml/VRKLightXmlFile.h"
 #include "tools/vrkplot/Languages.h"
+#include "tools/vrkplot/SettingsEditing.h"
 
 namespace {
 
@@ -28,6 +30,9 @@ int fail(const std::string& message) {
 int PrintersCommand::Run() const {
     if (add.has_value()) {
         return Add();
+    }
+    if (edit.has_value()) {
+        return Edit();
     }
     if (remove.has_value()) {
         return Remove();
@@ -150,4 +155,38 @@ int PrintersCommand::Remove() const {
         std::cout << "printer " << *remove << " removed from " << manager.GetPath() << std::endl;
     }
     return 0;
+}
+
+int PrintersCommand::Edit() const {
+    VRKPrinterManager manager;
+    if (!manager.Begin()) {
+        return fail(manager.GetError());
+    }
+    std::string error;
+    VRKPrinter* printer = manager.Find(*edit);
+    if (printer == nullptr) {
+        manager.End();
+        return fail(manager.GetPath() + ": no printer '" + *edit + "' in the list");
+    }
+    VRKPrintGenerator* generator = printer->GetGenerator();
+    if (generator == nullptr) {
+        const std::string why = printer->GetError();
+        manager.End();
+        return fail(why);
+    }
+    bool changed = false;
+    VRKLightXmlElement settings;
+    int status = vrkplot::EditInDialog(generator, changed, settings);
+    if (status == 0 && changed) {
+        if (manager.ReplaceSettings(*edit, settings, error) && manager.Save(error)) {
+            if (!quiet) {
+                std::cout << "printer " << *edit << ": settings written to " << manager.GetPath()
+                          << std::endl;
+            }
+        } else {
+            status = fail(error);
+        }
+    }
+    manager.End();
+    return status;
 }

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-// `vrkplot printers`: lists the printer list, or adds or removes a printer.
+// `vrkplot printers`: lists the printer list, adds or removes a printer, or edits its settings.
 struct PrintersCommand {
     // The printer to add, with its language (empty: taken from the settings file), destination,
     // description and settings file (empty: the language's defaults).
@@ -14,6 +14,8 @@ struct PrintersCommand {
     std::string settingsPath;
     // The printer to remove.
     std::optional<std::string> remove;
+    // The printer whose settings to edit in its language's dialog.
+    std::optional<std::string> edit;
     bool quiet = false;
 
     // Runs the command; the exit status.
@@ -23,4 +25,5 @@ struct PrintersCommand {
     int List() const;
     int Add() const;
     int Remove() const;
+    int Edit() const;
 };

@@ -122,14 +122,18 @@ int main(int argc, char** argv) {
     CLI::App* printersCommand =
         app.add_subcommand("printers",
                            "Lists the printers of the printer list ($VRK_PRINTERS, else "
-                           "$XDG_CONFIG_HOME/vrkplot/printers.xml), or adds or removes one");
+                           "$XDG_CONFIG_HOME/vrkplot/printers.xml), adds or removes one, or "
+                           "edits a printer's settings");
     PrintersCommand printers;
-    std::string addName, removeName;
+    std::string addName, removeName, editName;
     CLI::Option* addOption =
         printersCommand->add_option("--add", addName, "Adds a printer of this name");
     CLI::Option* removeOption =
         printersCommand->add_option("--remove", removeName, "Removes the printer of this name");
+    CLI::Option* editOption = printersCommand->add_option(
+        "--edit", editName, "Edits the settings of the printer of this name in its dialog");
     addOption->excludes(removeOption);
+    editOption->excludes(addOption)->excludes(removeOption);
     CLI::Option* addLanguage =
         printersCommand->add_option("-l,--language", printers.language,
                                     "The new printer's language (default: the language "
@@ -187,6 +191,9 @@ int main(int argc, char** argv) {
         }
         if (removeOption->count() > 0) {
             printers.remove = removeName;
+        }
+        if (editOption->count() > 0) {
+            printers.edit = editName;
         }
         return printers.Run();
     }
