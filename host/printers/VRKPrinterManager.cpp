@@ -295,15 +295,23 @@ bool VRKPrinterManager::Add(const VRKUnicodeString& name, const VRKUnicodeString
     }
 }
 
+std::vector<VRKPrinter*>::iterator VRKPrinterManager::Listed(const VRKUnicodeString& name,
+                                                             std::string& error) {
+    const auto found = std::find_if(printers_.begin(), printers_.end(),
+                                    [&](VRKPrinter* p) { return p->GetName() == name; });
+    if (found == printers_.end()) {
+        error = path_ + ": no " + VRKPrinterNames::Label(name.ToUtf8()) + " in the list";
+    }
+    return found;
+}
+
 bool VRKPrinterManager::Remove(const VRKUnicodeString& name, std::string& error) {
     try {
         if (!Check(error)) {
             return false;
         }
-        const auto found = std::find_if(printers_.begin(), printers_.end(),
-                                        [&](VRKPrinter* p) { return p->GetName() == name; });
+        const auto found = Listed(name, error);
         if (found == printers_.end()) {
-            error = path_ + ": no " + VRKPrinterNames::Label(name.ToUtf8()) + " in the list";
             return false;
         }
         removed_.reserve(removed_.size() + 1);
@@ -322,10 +330,8 @@ bool VRKPrinterManager::ReplaceSettings(const VRKUnicodeString& name,
         if (!Check(error)) {
             return false;
         }
-        const auto found = std::find_if(printers_.begin(), printers_.end(),
-                                        [&](VRKPrinter* p) { return p->GetName() == name; });
+        const auto found = Listed(name, error);
         if (found == printers_.end()) {
-            error = path_ + ": no " + VRKPrinterNames::Label(name.ToUtf8()) + " in the list";
             return false;
         }
         VRKPrinter* old = *found;

@@ -73,6 +73,8 @@ class VRKPrinterManager {
     bool Save(std::string& error);
 
   private:
+    // The place of the printer of this name, or the end with `error` saying it is not listed.
+    std::vector<VRKPrinter*>::iterator Listed(const VRKUnicodeString& name, std::string& error);
     bool Read();
     bool ReadPrinter(const VRKLightXmlElement& element);
     // "FILE:LINE: " of an element of the file.

@@ -18,6 +18,7 @@
 #include "host/dialogs/qt/VRKDlgQtAccess.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHPGLProperties.h"
+#include "tests/dialogs/PropertyDialogEvents.h"
 
 namespace {
 
@@ -37,23 +38,16 @@ class HPGL2Dialog : public ::testing::Test {
     }
     template <class T>
     T& W(const std::string& key) {
-        T* widget = dialog->FindChild<T>(key);
-        EXPECT_NE(widget, nullptr) << key;
-        return *widget;
+        return WidgetOf<T>(*dialog, key);
     }
-    // A click on the box of a check button, at its left end: a button stretched over the row
-    // takes clicks only on its box and text.
-    void Click(const VRKDlgObject& widget) {
-        QWidget* w = VRKDlgQtWidget(widget);
-        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
-    }
+    void Click(const VRKDlgObject& widget) { ClickBox(widget); }
     void Ok() {
-        QTest::mouseClick(VRKDlgQtOkButton(*dialog), Qt::LeftButton);
+        ClickOk(*dialog);
         ended = true;
         VRKDlgApplication::ProcessEvents();
     }
     void Cancel() {
-        QTest::mouseClick(VRKDlgQtCancelButton(*dialog), Qt::LeftButton);
+        ClickCancel(*dialog);
         ended = true;
         VRKDlgApplication::ProcessEvents();
     }
@@ -164,7 +158,7 @@ TEST_F(HPGL2Dialog, ThePenDialogWritesThePensEvenIfThisOneIsCancelled) {
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
                       tree->visualItemRect(tree->topLevelItem(0)).center());
     Click(*pens->FindChild<VRKDlgCheckButton>("ActivationCheck"));
-    QTest::mouseClick(VRKDlgQtOkButton(*pens), Qt::LeftButton);
+    ClickOk(*pens);
     VRKDlgApplication::ProcessEvents();
     EXPECT_EQ(dialog->GetPenDialog(), nullptr);
     Cancel();

@@ -23,6 +23,7 @@
 #include "host/dialogs/VRKDlgTabContainer.h"
 #include "host/dialogs/qt/VRKDlgQtAccess.h"
 #include "properties/VRKPrintHPGLProperties.h"
+#include "tests/dialogs/PropertyDialogEvents.h"
 
 namespace {
 
@@ -45,34 +46,11 @@ class PenDialog : public ::testing::Test {
     }
     template <class T>
     T& W(const std::string& key) {
-        T* widget = dialog->FindChild<T>(key);
-        EXPECT_NE(widget, nullptr) << key;
-        return *widget;
+        return WidgetOf<T>(*dialog, key);
     }
-    void ClickRow(int row) {
-        auto* tree = static_cast<QTreeWidget*>(VRKDlgQtWidget(W<VRKDlgMultiList>("PenList")));
-        tree->scrollToItem(tree->topLevelItem(row));
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
-                          tree->visualItemRect(tree->topLevelItem(row)).center());
-    }
-    void ChooseColorLine(int line) {
-        auto* box = static_cast<QComboBox*>(VRKDlgQtWidget(W<VRKDlgCombo>("ColorChoice")));
-        box->showPopup();
-        QAbstractItemView* view = box->view();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(view->window()));
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
-                          view->visualRect(view->model()->index(line, 0)).center());
-    }
-    // A click at the left end of a button, on its box: a button stretched over its row takes
-    // clicks only on its box and text.
-    void Click(const VRKDlgObject& widget) {
-        QWidget* w = VRKDlgQtWidget(widget);
-        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
-    }
-    void ClickOk(VRKDlgDialog& d) { QTest::mouseClick(VRKDlgQtOkButton(d), Qt::LeftButton); }
-    void ClickCancel(VRKDlgDialog& d) {
-        QTest::mouseClick(VRKDlgQtCancelButton(d), Qt::LeftButton);
-    }
+    void ClickRow(int row) { ::ClickRow(W<VRKDlgMultiList>("PenList"), row); }
+    void ChooseColorLine(int line) { ChooseLine(W<VRKDlgCombo>("ColorChoice"), line); }
+    void Click(const VRKDlgObject& widget) { ClickBox(widget); }
 
     VRKPrintHPGLProperties record;
     VRKPrintHPGLDialog* dialog = nullptr;
