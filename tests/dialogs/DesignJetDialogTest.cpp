@@ -51,9 +51,7 @@ TEST_F(HP1055CDialog, WidgetTree) {
     EXPECT_EQ(W<VRKDlgFrame>("RollFrame").GetParent(), &W<VRKDlgFrame>("SourceFrame"));
     EXPECT_EQ(W<VRKDlgSeparator>("Separator").GetParent(), &optionsFrame);
     EXPECT_EQ(W<VRKDlgFrame>("MediaFrame").GetParent(), &optionsFrame);
-    for (const char* key : {"MultiRollFeeder"}) {
-        EXPECT_EQ(W<VRKDlgCheckButton>(key).GetParent(), &W<VRKDlgFrame>("RollFrame"));
-    }
+    EXPECT_EQ(W<VRKDlgCheckButton>("MultiRollFeeder").GetParent(), &W<VRKDlgFrame>("RollFrame"));
     EXPECT_EQ(W<VRKDlgLabel>("MediaSource").GetParent(), &W<VRKDlgFrame>("RollFrame"));
     EXPECT_EQ(W<VRKDlgCombo>("SourceList").GetParent(), &W<VRKDlgFrame>("RollFrame"));
     EXPECT_EQ(W<VRKDlgLabel>("PrinterIcon").GetParent(), &W<VRKDlgFrame>("SourceFrame"));
