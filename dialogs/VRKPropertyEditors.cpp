@@ -3,22 +3,29 @@
 
 #include <new>
 
+#include "dialogs/VRKPrintHP1055CDialog.h"
+#include "dialogs/VRKPrintHP4000Dialog.h"
 #include "dialogs/VRKPrintHPGL2Dialog.h"
 #include "dialogs/VRKPrintHPGLDialog.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintGenerator.h"
 #include "host/core/VRKPropertyEditorRegistration.h"
 #include "hpgl/VRKPrintHPGLGenerator.h"
+#include "properties/VRKPrintHP1055CProperties.h"
+#include "properties/VRKPrintHP4000Properties.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 
 namespace {
 
-VRKDlgDialog* hpgl2Editor(VRKDlgDialog* parent, VRKPrintGenerator& generator) {
-    auto* record = dynamic_cast<VRKPrintHPGL2Properties*>(generator.GetProperties());
+// The dialog `Dialog` on the generator's record of type `Record`; none for a generator without
+// one. The DesignJet generators make their record on first use.
+template <class Dialog, class Record>
+VRKDlgDialog* recordEditor(VRKDlgDialog* parent, VRKPrintGenerator& generator) {
+    auto* record = dynamic_cast<Record*>(generator.EnsureProperties());
     if (record == nullptr) {
         return nullptr;
     }
-    return new (std::nothrow) VRKPrintHPGL2Dialog(parent, record);
+    return new (std::nothrow) Dialog(parent, record);
 }
 
 // The HP-GL generator's pens: the pen dialog on the settings of its inner HP-GL/2 generator.
@@ -31,7 +38,12 @@ VRKDlgDialog* hpglEditor(VRKDlgDialog* parent, VRKPrintGenerator& generator) {
     return new (std::nothrow) VRKPrintHPGLDialog(parent, inner->GetHPGLSettings());
 }
 
-const VRKPropertyEditorRegistration hpgl2Registration({"VRKPrintHPGL2Generator", &hpgl2Editor});
+const VRKPropertyEditorRegistration hpgl2Registration(
+    {"VRKPrintHPGL2Generator", &recordEditor<VRKPrintHPGL2Dialog, VRKPrintHPGL2Properties>});
+const VRKPropertyEditorRegistration hp1055cRegistration(
+    {"VRKPrintHP1055CGenerator", &recordEditor<VRKPrintHP1055CDialog, VRKPrintHP1055CProperties>});
+const VRKPropertyEditorRegistration hp4000Registration(
+    {"VRKPrintHP4000Generator", &recordEditor<VRKPrintHP4000Dialog, VRKPrintHP4000Properties>});
 const VRKPropertyEditorRegistration hpglRegistration({"VRKPrintHPGLGenerator", &hpglEditor});
 
 }  // namespace

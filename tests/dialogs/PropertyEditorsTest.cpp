@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "dialogs/VRKPrintHP1055CDialog.h"
+#include "dialogs/VRKPrintHP4000Dialog.h"
 #include "dialogs/VRKPrintHPGL2Dialog.h"
 #include "dialogs/VRKPrintHPGLDialog.h"
 #include "generator/VRKPrintHPGL2Generator.h"
+#include "host/core/VRKClassDictionary.h"
 #include "host/dialogs/VRKDlgApplication.h"
 #include "host/dialogs/VRKDlgCheckButton.h"
 #include "host/dialogs/VRKDlgCombo.h"
@@ -40,6 +43,24 @@ TEST(PropertyEditors, TheHPGLGeneratorEditsTheInnerGeneratorsPens) {
     delete dialog;
     VRKDlgApplication::ProcessEvents();
     generator->Release();
+}
+
+TEST(PropertyEditors, TheDesignJetGeneratorsEditTheirRecords) {
+    VRKBaseUnknown* made = VRKClassDictionary::Instance().Create("VRKPrintHP1055CGenerator");
+    auto* hp1055c = dynamic_cast<VRKPrintGenerator*>(made);
+    ASSERT_NE(hp1055c, nullptr);
+    VRKDlgDialog* dialog = hp1055c->CreatePropertyEditor(nullptr);
+    EXPECT_NE(dynamic_cast<VRKPrintHP1055CDialog*>(dialog), nullptr);
+    delete dialog;
+    made->Release();
+    made = VRKClassDictionary::Instance().Create("VRKPrintHP4000Generator");
+    auto* hp4000 = dynamic_cast<VRKPrintGenerator*>(made);
+    ASSERT_NE(hp4000, nullptr);
+    dialog = hp4000->CreatePropertyEditor(nullptr);
+    EXPECT_NE(dynamic_cast<VRKPrintHP4000Dialog*>(dialog), nullptr);
+    delete dialog;
+    VRKDlgApplication::ProcessEvents();
+    made->Release();
 }
 
 TEST(PropertyEditors, AGeneratorWithoutAnEditorGivesNone) {
