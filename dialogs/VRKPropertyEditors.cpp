@@ -7,9 +7,12 @@
 #include "dialogs/VRKPrintHP4000Dialog.h"
 #include "dialogs/VRKPrintHPGL2Dialog.h"
 #include "dialogs/VRKPrintHPGLDialog.h"
+#include "dialogs/VRKPrintHPGLImportDialog.h"
+#include "dialogs/VRKPrintHPGLImportNotification.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKPrintGenerator.h"
 #include "host/core/VRKPropertyEditorRegistration.h"
+#include "host/dialogs/VRKPublishToolsDlg.h"
 #include "hpgl/VRKPrintHPGLGenerator.h"
 #include "properties/VRKPrintHP1055CProperties.h"
 #include "properties/VRKPrintHP4000Properties.h"
@@ -28,15 +31,27 @@ VRKDlgDialog* recordEditor(VRKDlgDialog* parent, VRKPrintGenerator& generator) {
     return new (std::nothrow) Dialog(parent, record);
 }
 
-// The HP-GL generator's pens: the pen dialog on the settings of its inner HP-GL/2 generator.
+// The HP-GL generator chooses by its parent: asked from the publishing tools (an HP-GL drawing
+// being imported), the import dialog, which fills the pens of its inner HP-GL/2 generator and
+// answers the tools; otherwise the pen dialog on those pens.
 VRKDlgDialog* hpglEditor(VRKDlgDialog* parent, VRKPrintGenerator& generator) {
     auto* hpgl = dynamic_cast<VRKPrintHPGLGenerator*>(&generator);
     VRKPrintHPGL2Generator* inner = hpgl != nullptr ? hpgl->GetInnerGenerator() : nullptr;
     if (inner == nullptr || inner->GetHPGLSettings() == nullptr) {
         return nullptr;
     }
-    return new (std::nothrow) VRKPrintHPGLDialog(parent, inner->GetHPGLSettings());
+    if (auto* tools = dynamic_cast<VRKPublishToolsDlg*>(parent)) {
+        auto* import = new (std::nothrow) VRKPrintHPGLImportDialog(
+            parent, inner->GetHPGLSettings(), VRKPrintHPGLImportNotification::kPrinterPens);
+        if (import != nullptr) {
+            import->SetOnNotify([tools](const VRKPrintHPGLImportNotification& answer) {
+                tools->ReceiveImportAnswer(answer.GetOption(), answer.GetPrinterName());
+        });
+    }
+    return import;
 }
+return new (std::nothrow) VRKPrintHPGLDialog(parent, inner->GetHPGLSettings());
+}  // namespace
 
 const VRKPropertyEditorRegistration hpgl2Registration(
     {"VRKPrintHPGL2Generator", &recordEditor<VRKPrintHPGL2Dialog, VRKPrintHPGL2Properties>});

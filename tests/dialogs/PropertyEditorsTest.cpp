@@ -6,14 +6,19 @@
 #include "dialogs/VRKPrintHP4000Dialog.h"
 #include "dialogs/VRKPrintHPGL2Dialog.h"
 #include "dialogs/VRKPrintHPGLDialog.h"
+#include "dialogs/VRKPrintHPGLImportDialog.h"
 #include "generator/VRKPrintHPGL2Generator.h"
 #include "host/core/VRKClassDictionary.h"
 #include "host/dialogs/VRKDlgApplication.h"
 #include "host/dialogs/VRKDlgCheckButton.h"
 #include "host/dialogs/VRKDlgCombo.h"
+#include "host/dialogs/VRKDlgRadioButton.h"
+#include "host/dialogs/VRKPublishToolsDlg.h"
 #include "hpgl/VRKPrintHPGLGenerator.h"
 #include "properties/VRKPrintHPGL2Properties.h"
 #include "properties/VRKPrintHPGLProperties.h"
+#include "support/ScopedEnv.h"
+#include "tests/dialogs/PropertyDialogEvents.h"
 
 namespace {
 
@@ -61,6 +66,32 @@ TEST(PropertyEditors, TheDesignJetGeneratorsEditTheirRecords) {
     delete dialog;
     VRKDlgApplication::ProcessEvents();
     made->Release();
+}
+
+TEST(PropertyEditors, FromThePublishingToolsTheHPGLGeneratorAsksForTheImport) {
+    const ScopedEnv list("VRK_PRINTERS", "/nonexistent/vrk-no-printers.xml");
+    auto* generator = new VRKPrintHPGLGenerator;
+    auto* tools = new VRKPublishToolsDlg(nullptr, "VRKPublishToolsDlg");
+    VRKDlgDialog* editor = generator->CreatePropertyEditor(tools);
+    auto* import = dynamic_cast<VRKPrintHPGLImportDialog*>(editor);
+    ASSERT_NE(import, nullptr);
+    import->Show();
+    VRKDlgApplication::ProcessEvents();
+    // No HP-GL printer: the user's pens; OK answers the tools with option 1 and no name.
+    EXPECT_TRUE(WidgetOf<VRKDlgRadioButton>(*import, "HPGLPens").GetState());
+    ClickOk(*import);
+    VRKDlgApplication::ProcessEvents();
+    EXPECT_EQ(tools->GetAnswerCount(), 1);
+    EXPECT_EQ(tools->GetImportOption(), 1);
+    EXPECT_EQ(tools->GetImportPrinter().ToUtf8(), "");
+    // Any other parent gets the pen dialog.
+    auto* plain = new VRKDlgDialog(nullptr, "Plain");
+    VRKDlgDialog* pens = generator->CreatePropertyEditor(plain);
+    EXPECT_NE(dynamic_cast<VRKPrintHPGLDialog*>(pens), nullptr);
+    delete plain;  // its child, the pen dialog, with it
+    delete tools;
+    VRKDlgApplication::ProcessEvents();
+    generator->Release();
 }
 
 TEST(PropertyEditors, AGeneratorWithoutAnEditorGivesNone) {
