@@ -4,7 +4,8 @@
 #include "host/dialogs/VRKDlgLabel.h"
 
 VRKPrintHP1055CDialogAbout::VRKPrintHP1055CDialogAbout(VRKDlgDialog* parent)
-    : VRKDlgDialog(parent, "HPDesJet1000SeriesAbout", kOkButton) {
+    : VRKPrintPropertyDialog(parent, "HPDesJet1000SeriesAbout", "VRKPrintHP1055CDialogAbout",
+                             kOkButton) {
     SetTitle(Text("HPDesJet1000SeriesAbout", "About the driver"));
     auto* frame = new VRKDlgFrame(*this, "AboutFrame");
     auto* hpLogo = new VRKDlgLabel(*frame, "HPlogoLabel");
@@ -27,9 +28,4 @@ VRKPrintHP1055CDialogAbout::VRKPrintHP1055CDialogAbout(VRKDlgDialog* parent)
     addText("BlankLabel3", "  ", 6);
     SetOnOk([this] { RequestDelete(); });
     SetOnClose([this] { RequestDelete(); });
-}
-
-std::string VRKPrintHP1055CDialogAbout::Text(const std::string& key,
-                                             const std::string& fallback) const {
-    return texts.GetResourceValueFromKey(key, fallback);
 }

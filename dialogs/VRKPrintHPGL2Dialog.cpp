@@ -28,7 +28,7 @@ constexpr Media kMedia[8] = {
 }  // namespace
 
 VRKPrintHPGL2Dialog::VRKPrintHPGL2Dialog(VRKDlgDialog* parent, VRKPrintHPGL2Properties* edited)
-    : VRKDlgDialog(parent, "PrintProperties"), record(edited) {
+    : VRKPrintPropertyDialog(parent, "PrintProperties", "VRKPrintHPGL2Dialog"), record(edited) {
     SetTitle(Text("PrintProperties", "HP-GL/2 Properties"));
     enableCutter = new VRKDlgCheckButton(*this, "EnableCutter");
     enableCutter->SetTitle(Text("EnableCutter", "Enable cutter"));
@@ -74,10 +74,6 @@ VRKPrintHPGL2Dialog::VRKPrintHPGL2Dialog(VRKDlgDialog* parent, VRKPrintHPGL2Prop
     });
     SetOnCancel([this] { RequestDelete(); });
     SetOnClose([this] { RequestDelete(); });
-}
-
-std::string VRKPrintHPGL2Dialog::Text(const std::string& key, const std::string& fallback) const {
-    return texts.GetResourceValueFromKey(key, fallback);
 }
 
 void VRKPrintHPGL2Dialog::ApplySensitivity() {

@@ -3,8 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "host/dialogs/VRKDlgDialog.h"
-#include "host/dialogs/VRKDlgResources.h"
+#include "dialogs/VRKPrintPropertyDialog.h"
 
 class VRKDlgCheckButton;
 class VRKDlgCombo;
@@ -18,7 +17,7 @@ class VRKPrintHPGL2Properties;
 // (the record's Type, which makes the generator write plain HP-GL for a pen plotter). With the
 // restriction on, the HP-GL/2 options are greyed and the pen table is edited in the HP-GL pen
 // dialog instead. OK writes the record and tells the owner; Cancel and the close box leave it.
-class VRKPrintHPGL2Dialog : public VRKDlgDialog {
+class VRKPrintHPGL2Dialog : public VRKPrintPropertyDialog {
   public:
     // Called once the dialog ended through OK; Cancel and the close box call nothing.
     using OkNotification = std::function<void()>;
@@ -31,14 +30,12 @@ class VRKPrintHPGL2Dialog : public VRKDlgDialog {
     VRKPrintHPGLDialog* GetPenDialog() const { return penDialog; }
 
   private:
-    std::string Text(const std::string& key, const std::string& fallback) const;
     // The HP-GL/2 options usable exactly when the restriction is off; the pen table button the
     // other way round.
     void ApplySensitivity();
     void OpenPenDialog();
     void WriteBack();
 
-    VRKDlgResources texts{"VRKPrintHPGL2Dialog"};
     VRKPrintHPGL2Properties* record;
     OkNotification onOkDone;
     VRKPrintHPGLDialog* penDialog = nullptr;

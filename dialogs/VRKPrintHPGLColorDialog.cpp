@@ -8,7 +8,10 @@
 
 VRKPrintHPGLColorDialog::VRKPrintHPGLColorDialog(VRKDlgDialog* parent, float* redValue,
                                                  float* greenValue, float* blueValue)
-    : VRKDlgDialog(parent, "HPGLColor"), red(redValue), green(greenValue), blue(blueValue) {
+    : VRKPrintPropertyDialog(parent, "HPGLColor", "VRKPrintHPGLColorDialog"),
+      red(redValue),
+      green(greenValue),
+      blue(blueValue) {
     SetTitle(Text("HPGLColor", "Color"));
     redSpinner = AddSpinner("RedLabel", "Red", "RedSpinner", *red, 0);
     greenSpinner = AddSpinner("GreenLabel", "Green", "GreenSpinner", *green, 1);
@@ -34,11 +37,6 @@ VRKPrintHPGLColorDialog::VRKPrintHPGLColorDialog(VRKDlgDialog* parent, float* re
     SetOnClose([this] { End(false); });
 }
 
-std::string VRKPrintHPGLColorDialog::Text(const std::string& key,
-                                          const std::string& fallback) const {
-    return texts.GetResourceValueFromKey(key, fallback);
-}
-
 VRKDlgSpinner* VRKPrintHPGLColorDialog::AddSpinner(const char* labelKey, const char* labelText,
                                                    const char* key, float value, int row) {
     auto* label = new VRKDlgLabel(*this, labelKey);
@@ -62,13 +60,4 @@ void VRKPrintHPGLColorDialog::ShowColor() {
     viewer->SetBackgroundColor(redSpinner->GetValue() / 255.0, greenSpinner->GetValue() / 255.0,
                                blueSpinner->GetValue() / 255.0);
     viewer->Redraw();
-}
-
-void VRKPrintHPGLColorDialog::End(bool ok) {
-    EndNotification notification = std::move(onEnd);
-    onEnd = nullptr;
-    RequestDelete();
-    if (notification) {
-        notification(ok);
-    }
 }

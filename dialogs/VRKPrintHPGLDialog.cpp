@@ -31,15 +31,11 @@ constexpr Origin kOrigins[5] = {
     {"Origin5", "Upper Right Corner"},
 };
 
-VRKPrintHPGLProperties* newRecordUnless(VRKPrintHPGLProperties* given) {
-    return given == nullptr ? new (std::nothrow) VRKPrintHPGLProperties : nullptr;
-}
-
 }  // namespace
 
 VRKPrintHPGLDialog::VRKPrintHPGLDialog(VRKDlgDialog* parent, VRKPrintHPGLProperties* given)
-    : VRKDlgDialog(parent, "PrintProperties"),
-      ownRecord(newRecordUnless(given)),
+    : VRKPrintPropertyDialog(parent, "PrintProperties", "VRKPrintHPGLDialog"),
+      ownRecord(NewRecordUnless(given)),
       record(given != nullptr ? given : ownRecord),
       copies(*record) {
     SetTitle(Text("PrintProperties", "HP-GL Pens"));
@@ -60,10 +56,6 @@ VRKPrintHPGLDialog::~VRKPrintHPGLDialog() {
     if (ownRecord != nullptr) {
         ownRecord->Release();
     }
-}
-
-std::string VRKPrintHPGLDialog::Text(const std::string& key, const std::string& fallback) const {
-    return texts.GetResourceValueFromKey(key, fallback);
 }
 
 void VRKPrintHPGLDialog::BuildPenPage(VRKDlgTabContainer& tabs) {
@@ -244,10 +236,11 @@ void VRKPrintHPGLDialog::Reset() {
             successor->ownRecord = ownRecord;
             ownRecord = nullptr;
         }
-        successor->onEnd = std::move(onEnd);
+        successor->SetOnEnd(TakeEndNotification());
         successor->Show();
     }
-    onEnd = nullptr;
+    // Without a successor, the notification is dropped: this dialog ends with neither answer.
+    TakeEndNotification();
     RequestDelete();
 }
 
@@ -256,13 +249,4 @@ void VRKPrintHPGLDialog::WriteBack() {
     record->SetOrigin(originChoice->GetSelect());
     record->SetRelativeMovePen(relativeCheck->GetState() ? 1 : 0);
     record->SetPrintThickness(modelThickness->GetState() ? 0 : 1);
-}
-
-void VRKPrintHPGLDialog::End(bool ok) {
-    EndNotification notification = std::move(onEnd);
-    onEnd = nullptr;
-    RequestDelete();
-    if (notification) {
-        notification(ok);
-    }
 }

@@ -4,8 +4,7 @@
 #include <string>
 
 #include "dialogs/VRKPrintHPGLPenCopies.h"
-#include "host/dialogs/VRKDlgDialog.h"
-#include "host/dialogs/VRKDlgResources.h"
+#include "dialogs/VRKPrintPropertyDialog.h"
 
 class VRKDlgCheckButton;
 class VRKDlgCombo;
@@ -22,18 +21,18 @@ class VRKPrintHPGLProperties;
 // copies and writes them into the record on OK; Reset writes the default pens at once and opens
 // the dialog anew. The dialog is made visible by its owner and ends by itself, telling its owner
 // through the end notification.
-class VRKPrintHPGLDialog : public VRKDlgDialog {
+class VRKPrintHPGLDialog : public VRKPrintPropertyDialog {
   public:
     // Called when the dialog ends: true after OK, false after Cancel or the close box. A dialog
     // that Reset replaced ends with neither; its successor takes the notification over.
-    using EndNotification = std::function<void(bool ok)>;
+    using VRKPrintPropertyDialog::EndNotification;
+    using VRKPrintPropertyDialog::SetOnEnd;
 
     // Edits `record`, which must outlive the dialog; without one, a default record of the
     // dialog's own.
     VRKPrintHPGLDialog(VRKDlgDialog* parent, VRKPrintHPGLProperties* record);
     ~VRKPrintHPGLDialog() override;
 
-    void SetOnEnd(EndNotification notification) { onEnd = std::move(notification); }
     // The dialog Reset opened in this one's place, if any.
     VRKPrintHPGLDialog* GetSuccessor() const { return successor; }
     // The colour dialog open for the selected pen, if any.
@@ -41,7 +40,6 @@ class VRKPrintHPGLDialog : public VRKDlgDialog {
     VRKPrintHPGLProperties& GetRecord() const { return *record; }
 
   private:
-    std::string Text(const std::string& key, const std::string& fallback) const;
     void BuildPenPage(VRKDlgTabContainer& tabs);
     void BuildPrinterPage(VRKDlgTabContainer& tabs);
     void FillPenList();
@@ -56,14 +54,11 @@ class VRKPrintHPGLDialog : public VRKDlgDialog {
     void ActivationChanged();
     void Reset();
     void WriteBack();
-    void End(bool ok);
 
-    VRKDlgResources texts{"VRKPrintHPGLDialog"};
     // The record of the dialog's own when the caller gave none (released with the dialog).
     VRKPrintHPGLProperties* ownRecord;
     VRKPrintHPGLProperties* record;
     VRKPrintHPGLPenCopies copies;
-    EndNotification onEnd;
     VRKPrintHPGLDialog* successor = nullptr;
     VRKPrintHPGLColorDialog* colorDialog = nullptr;
     // The colour the colour dialog edits, 0 to 255.

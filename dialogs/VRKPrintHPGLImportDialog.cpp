@@ -15,10 +15,6 @@ namespace {
 // The printer chosen last, for the whole process.
 int rememberedPrinter = 0;
 
-VRKPrintHPGLProperties* newRecordUnless(VRKPrintHPGLProperties* given) {
-    return given == nullptr ? new (std::nothrow) VRKPrintHPGLProperties : nullptr;
-}
-
 // Everything the pen dialog edits: the pen table and the plot options.
 void CopyRecord(const VRKPrintHPGLProperties& from, VRKPrintHPGLProperties& to) {
     if (&from == &to) {
@@ -34,8 +30,8 @@ void CopyRecord(const VRKPrintHPGLProperties& from, VRKPrintHPGLProperties& to) 
 
 VRKPrintHPGLImportDialog::VRKPrintHPGLImportDialog(VRKDlgDialog* parent,
                                                    VRKPrintHPGLProperties* given, int option)
-    : VRKDlgDialog(parent, "PrintProperties"),
-      ownPens(newRecordUnless(given)),
+    : VRKPrintPropertyDialog(parent, "PrintProperties", "VRKPrintHPGLImportDialog"),
+      ownPens(NewRecordUnless(given)),
       pens(given != nullptr ? given : (ownPens != nullptr ? ownPens : &SharedPens())),
       pensGiven(given != nullptr) {
     SetTitle(Text("PrintProperties", "HP-GL Import"));
@@ -78,11 +74,6 @@ int VRKPrintHPGLImportDialog::GetRememberedPrinter() {
 
 void VRKPrintHPGLImportDialog::SetRememberedPrinter(int index) {
     rememberedPrinter = index;
-}
-
-std::string VRKPrintHPGLImportDialog::Text(const std::string& key,
-                                           const std::string& fallback) const {
-    return texts.GetResourceValueFromKey(key, fallback);
 }
 
 void VRKPrintHPGLImportDialog::FillPrinterList() {
@@ -164,8 +155,7 @@ void VRKPrintHPGLImportDialog::Ok() {
     notification.SetPrinterName(pensRadio->GetState() ? VRKUnicodeString() : printerName);
     Notification notify = std::move(onNotify);
     onNotify = nullptr;
-    EndNotification end = std::move(onEnd);
-    onEnd = nullptr;
+    EndNotification end = TakeEndNotification();
     RequestDelete();
     if (notify) {
         notify(notification);
@@ -176,11 +166,6 @@ void VRKPrintHPGLImportDialog::Ok() {
 }
 
 void VRKPrintHPGLImportDialog::End(bool ok) {
-    EndNotification notification = std::move(onEnd);
-    onEnd = nullptr;
     onNotify = nullptr;
-    RequestDelete();
-    if (notification) {
-        notification(ok);
-    }
+    VRKPrintPropertyDialog::End(ok);
 }

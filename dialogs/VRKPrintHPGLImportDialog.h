@@ -4,8 +4,7 @@
 #include <string>
 
 #include "dialogs/VRKPrintHPGLImportNotification.h"
-#include "host/dialogs/VRKDlgDialog.h"
-#include "host/dialogs/VRKDlgResources.h"
+#include "dialogs/VRKPrintPropertyDialog.h"
 
 class VRKDlgCombo;
 class VRKDlgPushButton;
@@ -28,11 +27,12 @@ class VRKPrintHPGLProperties;
 // - Cancel or the close box: OnEnd with false, no OnNotify.
 // The dialog has asked for its own deletion (RequestDelete) before either is called: neither may
 // delete it.
-class VRKPrintHPGLImportDialog : public VRKDlgDialog {
+class VRKPrintHPGLImportDialog : public VRKPrintPropertyDialog {
   public:
     using Notification = std::function<void(const VRKPrintHPGLImportNotification&)>;
     // true after OK, false after Cancel or the close box.
-    using EndNotification = std::function<void(bool ok)>;
+    using VRKPrintPropertyDialog::EndNotification;
+    using VRKPrintPropertyDialog::SetOnEnd;
 
     // `pens`, which the dialog fills, must outlive it; without one the pen dialog works on a
     // record of the dialog's own. `option` is VRKPrintHPGLImportNotification's: 1 opens on the
@@ -43,7 +43,6 @@ class VRKPrintHPGLImportDialog : public VRKDlgDialog {
 
     // How the answer reaches the owner (the parent dialog or whoever made this one).
     void SetOnNotify(Notification notification) { onNotify = std::move(notification); }
-    void SetOnEnd(EndNotification notification) { onEnd = std::move(notification); }
 
     // The pen dialog opened from the pens button and still open, if any.
     VRKPrintHPGLDialog* GetPenDialog() const;
@@ -57,7 +56,6 @@ class VRKPrintHPGLImportDialog : public VRKDlgDialog {
     static void SetRememberedPrinter(int index);
 
   private:
-    std::string Text(const std::string& key, const std::string& fallback) const;
     void FillPrinterList();
     void ShowInitialState(int option);
     // Checks one radio button of the pair and unchecks the other, then sets the sensitivities.
@@ -67,14 +65,12 @@ class VRKPrintHPGLImportDialog : public VRKDlgDialog {
     void Ok();
     void End(bool ok);
 
-    VRKDlgResources texts{"VRKPrintHPGLImportDialog"};
     // The record of the dialog's own when the caller gave none (released with the dialog).
     VRKPrintHPGLProperties* ownPens;
     VRKPrintHPGLProperties* pens;
     // The caller gave a record: only then is a printer's pen table copied on OK.
     bool pensGiven;
     Notification onNotify;
-    EndNotification onEnd;
     int printerCount = 0;
 
     VRKDlgRadioButton* printersRadio = nullptr;
