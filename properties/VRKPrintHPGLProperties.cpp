@@ -48,18 +48,6 @@ void VRKPrintHPGLProperties::GetPenEnables(int* enableOut) const {
     }
 }
 
-void VRKPrintHPGLProperties::GetPenSlots(float* redOut, float* greenOut, float* blueOut,
-                                         float* widthOut, int* enableOut) const {
-    for (int i = 0; i < kPenSlots; ++i) {
-        const VRKPen& pen = pens.Slots()[i];
-        redOut[i] = pen.red;
-        greenOut[i] = pen.green;
-        blueOut[i] = pen.blue;
-        widthOut[i] = pen.width;
-        enableOut[i] = pen.enable;
-    }
-}
-
 void VRKPrintHPGLProperties::SetPens(int count, const float* redIn, const float* greenIn,
                                      const float* blueIn, const float* widthIn,
                                      const int* enableIn) {

@@ -29,10 +29,6 @@ class VRKPrintHPGLProperties : public VRKBaseUnknown {
     void GetPenColors(float* redOut, float* greenOut, float* blueOut) const;
     void GetPenWidths(float* widthOut) const;
     void GetPenEnables(int* enableOut) const;
-    // All 32 slots of every array, whatever the pen count: a settings file may raise the count,
-    // and the slots it then takes in without naming them keep what the record holds.
-    void GetPenSlots(float* redOut, float* greenOut, float* blueOut, float* widthOut,
-                     int* enableOut) const;
     // Sets the pen count and copies that many entries from each array. The count is kept as
     // given; more than 32 is the caller's error, and only the 32 slots that exist are copied.
     void SetPens(int count, const float* redIn, const float* greenIn, const float* blueIn,
