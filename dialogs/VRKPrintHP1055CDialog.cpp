@@ -22,18 +22,14 @@ int VRKPrintHP1055CDialog::rememberedPage = 0;
 VRKPrintHP1055CDialog::VRKPrintHP1055CDialog(VRKDlgDialog* parent, VRKPrintHP1055CProperties* given)
     : VRKPrintDesignJetDialog(parent, "VRKPrintHP1055CDialog", "DesignJet 1000 Series",
                               rememberedPage),
-      ownRecord(NewRecordUnless(given)),
-      record(given != nullptr ? given : ownRecord) {
+      ownRecord(given),
+      record(ownRecord.Or(given)) {
     BuildOptionsPage();
     BuildAdvancedPage();
     ShowRecord();
 }
 
-VRKPrintHP1055CDialog::~VRKPrintHP1055CDialog() {
-    if (ownRecord != nullptr) {
-        ownRecord->Release();
-    }
-}
+VRKPrintHP1055CDialog::~VRKPrintHP1055CDialog() = default;
 
 void VRKPrintHP1055CDialog::BuildOptionsPage() {
     auto* page = AddPage("Options", "OptionsTab");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/VRKOwnedRecord.h"
+
 #include "dialogs/VRKPrintDesignJetDialog.h"
 
 class VRKDlgCheckButton;
@@ -31,9 +33,8 @@ class VRKPrintHP1055CDialog : public VRKPrintDesignJetDialog {
 
     // The page shown when OK was last pressed, for the next dialog of this class.
     static int rememberedPage;
-
-    // The record of the dialog's own when the caller gave none (released with the dialog).
-    VRKPrintHP1055CProperties* ownRecord;
+    // The record of the dialog's own when the caller gave none.
+    VRKOwnedRecord<VRKPrintHP1055CProperties> ownRecord;
     VRKPrintHP1055CProperties* record;
 
     VRKDlgCheckButton* multiRollCheck = nullptr;

@@ -32,18 +32,14 @@ int VRKPrintHP4000Dialog::rememberedPage = 0;
 VRKPrintHP4000Dialog::VRKPrintHP4000Dialog(VRKDlgDialog* parent, VRKPrintHP4000Properties* given)
     : VRKPrintDesignJetDialog(parent, "VRKPrintHP4000Dialog", "DesignJet 4000 Series",
                               rememberedPage),
-      ownRecord(NewRecordUnless(given)),
-      record(given != nullptr ? given : ownRecord) {
+      ownRecord(given),
+      record(ownRecord.Or(given)) {
     BuildOptionsPage();
     BuildAdvancedPage();
     ShowRecord();
 }
 
-VRKPrintHP4000Dialog::~VRKPrintHP4000Dialog() {
-    if (ownRecord != nullptr) {
-        ownRecord->Release();
-    }
-}
+VRKPrintHP4000Dialog::~VRKPrintHP4000Dialog() = default;
 
 void VRKPrintHP4000Dialog::BuildOptionsPage() {
     auto* page = AddPage("Options", "OptionsTab");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/VRKOwnedRecord.h"
+
 #include "dialogs/VRKPrintDesignJetDialog.h"
 
 class VRKDlgCheckButton;
@@ -30,9 +32,8 @@ class VRKPrintHP4000Dialog : public VRKPrintDesignJetDialog {
 
     // The page shown when OK was last pressed, for the next dialog of this class.
     static int rememberedPage;
-
-    // The record of the dialog's own when the caller gave none (released with the dialog).
-    VRKPrintHP4000Properties* ownRecord;
+    // The record of the dialog's own when the caller gave none.
+    VRKOwnedRecord<VRKPrintHP4000Properties> ownRecord;
     VRKPrintHP4000Properties* record;
 
     VRKDlgCombo* resolutionCombo = nullptr;

@@ -35,8 +35,8 @@ constexpr Origin kOrigins[5] = {
 
 VRKPrintHPGLDialog::VRKPrintHPGLDialog(VRKDlgDialog* parent, VRKPrintHPGLProperties* given)
     : VRKPrintPropertyDialog(parent, "PrintProperties", "VRKPrintHPGLDialog"),
-      ownRecord(NewRecordUnless(given)),
-      record(given != nullptr ? given : ownRecord),
+      ownRecord(given),
+      record(ownRecord.Or(given)),
       copies(*record) {
     SetTitle(Text("PrintProperties", "HP-GL Pens"));
     auto* tabs = new VRKDlgTabContainer(*this, "TabContainer");
@@ -52,11 +52,7 @@ VRKPrintHPGLDialog::VRKPrintHPGLDialog(VRKDlgDialog* parent, VRKPrintHPGLPropert
     SetOnClose([this] { End(false); });
 }
 
-VRKPrintHPGLDialog::~VRKPrintHPGLDialog() {
-    if (ownRecord != nullptr) {
-        ownRecord->Release();
-    }
-}
+VRKPrintHPGLDialog::~VRKPrintHPGLDialog() = default;
 
 void VRKPrintHPGLDialog::BuildPenPage(VRKDlgTabContainer& tabs) {
     auto* page = new VRKDlgTabPage(tabs, "Pen");
@@ -232,10 +228,7 @@ void VRKPrintHPGLDialog::Reset() {
     successor = new (std::nothrow) VRKPrintHPGLDialog(parent, record);
     if (successor != nullptr) {
         // A record of this dialog's own goes over to the new dialog, with the notification.
-        if (ownRecord != nullptr) {
-            successor->ownRecord = ownRecord;
-            ownRecord = nullptr;
-        }
+        ownRecord.HandOver(successor->ownRecord);
         successor->SetOnEnd(TakeEndNotification());
         successor->Show();
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/VRKOwnedRecord.h"
+
 #include <functional>
 #include <string>
 
@@ -54,9 +56,8 @@ class VRKPrintHPGLDialog : public VRKPrintPropertyDialog {
     void ActivationChanged();
     void Reset();
     void WriteBack();
-
-    // The record of the dialog's own when the caller gave none (released with the dialog).
-    VRKPrintHPGLProperties* ownRecord;
+    // The record of the dialog's own when the caller gave none.
+    VRKOwnedRecord<VRKPrintHPGLProperties> ownRecord;
     VRKPrintHPGLProperties* record;
     VRKPrintHPGLPenCopies copies;
     VRKPrintHPGLDialog* successor = nullptr;

@@ -31,8 +31,9 @@ void CopyRecord(const VRKPrintHPGLProperties& from, VRKPrintHPGLProperties& to) 
 VRKPrintHPGLImportDialog::VRKPrintHPGLImportDialog(VRKDlgDialog* parent,
                                                    VRKPrintHPGLProperties* given, int option)
     : VRKPrintPropertyDialog(parent, "PrintProperties", "VRKPrintHPGLImportDialog"),
-      ownPens(NewRecordUnless(given)),
-      pens(given != nullptr ? given : (ownPens != nullptr ? ownPens : &SharedPens())),
+      ownPens(given),
+      // Without a record of its own (no memory for one), the pen dialog works on the shared pens.
+      pens(ownPens.Or(given) != nullptr ? ownPens.Or(given) : &SharedPens()),
       pensGiven(given != nullptr) {
     SetTitle(Text("PrintProperties", "HP-GL Import"));
     printersRadio = new VRKDlgRadioButton(*this, "HPGLPrinters");
@@ -57,11 +58,7 @@ VRKPrintHPGLImportDialog::VRKPrintHPGLImportDialog(VRKDlgDialog* parent,
     SetOnClose([this] { End(false); });
 }
 
-VRKPrintHPGLImportDialog::~VRKPrintHPGLImportDialog() {
-    if (ownPens != nullptr) {
-        ownPens->Release();
-    }
-}
+VRKPrintHPGLImportDialog::~VRKPrintHPGLImportDialog() = default;
 
 VRKPrintHPGLProperties& VRKPrintHPGLImportDialog::SharedPens() {
     static VRKPrintHPGLProperties shared;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/VRKOwnedRecord.h"
+
 #include <functional>
 #include <string>
 
@@ -66,7 +68,7 @@ class VRKPrintHPGLImportDialog : public VRKPrintPropertyDialog {
     void End(bool ok);
 
     // The record of the dialog's own when the caller gave none (released with the dialog).
-    VRKPrintHPGLProperties* ownPens;
+    VRKOwnedRecord<VRKPrintHPGLProperties> ownPens;
     VRKPrintHPGLProperties* pens;
     // The caller gave a record: only then is a printer's pen table copied on OK.
     bool pensGiven;

@@ -31,12 +31,6 @@ class VRKPrintPropertyDialog : public VRKDlgDialog {
     // Asks for the dialog's deletion, then calls the end notification, if any, with `ok`.
     void End(bool ok);
 
-    // A default record of the dialog's own when the caller gave none, else nullptr.
-    template <typename Record>
-    static Record* NewRecordUnless(Record* given) {
-        return given == nullptr ? new (std::nothrow) Record : nullptr;
-    }
-
   private:
     VRKDlgResources texts;
     EndNotification onEnd;
