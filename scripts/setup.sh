@@ -21,6 +21,8 @@ packages=(
   libfreetype-dev fonts-dejavu-core
   # Settings files: XML
   libpugixml-dev
+  # SVG drawings: SVG++ (header-only, over Boost) reading through libxml2
+  libsvgpp-dev libxml2-dev libboost-dev
   # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
   # that its tests run on without a display
   qt6-base-dev qt6-qpa-plugins
