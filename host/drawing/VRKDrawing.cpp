@@ -90,6 +90,21 @@ void VRKDrawing::AddFill(VRKDrawingColor color, int rule, const std::vector<VRKD
     fills.push_back(fill);
 }
 
+void VRKDrawing::AddFilledEllipse(VRKDrawingColor color, VRKDrawingPoint centre, float rx, float ry,
+                                  float rotation) {
+    VRKDrawingFill fill;
+    fill.color = color;
+    fill.ellipse = true;
+    fill.first = static_cast<std::uint32_t>(points.size());
+    fill.firstRing = static_cast<std::uint32_t>(ringSizes.size());
+    points.push_back(centre);
+    points.push_back({rx, ry});
+    points.push_back({rotation, 0.0f});
+    controls.insert(controls.end(), 3, std::uint8_t{0});
+    items.push_back({VRKDrawingItem::Kind::kFill, false, static_cast<std::uint32_t>(fills.size())});
+    fills.push_back(fill);
+}
+
 void VRKDrawing::AddText(VRKDrawingText text) {
     items.push_back({VRKDrawingItem::Kind::kText, false, static_cast<std::uint32_t>(texts.size())});
     texts.push_back(std::move(text));

@@ -65,8 +65,12 @@ struct VRKDrawingStroke {
 // A filled area: rings [firstRing, firstRing + ringCount) of VRKDrawing::ringSizes, their points
 // one after the other from `first`. Curves are flattened. `rule` is the host's polygon fill
 // rule: 0 even-odd, 1 non-zero.
+//
+// A filled whole ellipse (`ellipse` set) has no rings: its three points from `first` are those
+// of an ellipse stroke (centre, radii, rotation), and it is drawn as a filled ellipse or circle.
 struct VRKDrawingFill {
     VRKDrawingColor color;
+    bool ellipse = false;
     int rule = 1;
     std::uint32_t first = 0;
     std::uint32_t firstRing = 0;
@@ -133,6 +137,8 @@ class VRKDrawing {
     // A fill of `rings` rings whose sizes are `sizes` and whose points follow one another.
     void AddFill(VRKDrawingColor color, int rule, const std::vector<VRKDrawingPoint>& xy,
                  const std::vector<std::uint32_t>& sizes);
+    void AddFilledEllipse(VRKDrawingColor color, VRKDrawingPoint centre, float rx, float ry,
+                          float rotation);
     void AddText(VRKDrawingText text);
     void AddImage(VRKDrawingImage image);
 
