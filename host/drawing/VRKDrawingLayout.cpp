@@ -37,6 +37,11 @@ bool parseLength(std::string_view text, float& value) {
            value > 0.0f && value <= kMaxExtent;
 }
 
+std::string shortest(float value) {
+    char text[32];
+    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+}
+
 }  // namespace
 
 bool VRKDrawingLayout::ParseForm(const std::string& text, Form& form, std::string& error) {
@@ -81,7 +86,7 @@ bool VRKDrawingLayout::Place(float width, float height, VRKPrintParameters& para
     const float innerAcross = across - 2.0f * margins;
     const float innerUp = up - 2.0f * margins;
     if (!(margins >= 0.0f) || innerAcross <= 0.0f || innerUp <= 0.0f) {
-        error = "margins of " + std::to_string(margins) + " mm leave nothing of the form";
+        error = "margins of " + shortest(margins) + " mm leave nothing of the form";
         return false;
     }
     placement = Placement{};
