@@ -58,6 +58,18 @@ std::vector<VRKStrokeTour::Leg> VRKStrokeTour::Greedy(const std::vector<Leg>& le
     return tour;
 }
 
+namespace {
+
+// The straight distance without hypot's care for overflow, which floats on a page never need:
+// the improvement asks for it several times a stroke.
+double quickDistance(VRKDrawingPoint a, VRKDrawingPoint b) {
+    const double dx = double{b.x} - a.x;
+    const double dy = double{b.y} - a.y;
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+}  // namespace
+
 void VRKStrokeTour::Improve(std::vector<Leg>& tour, VRKDrawingPoint from, std::uint32_t window,
                             int passes) {
     const std::size_t n = tour.size();
@@ -66,14 +78,15 @@ void VRKStrokeTour::Improve(std::vector<Leg>& tour, VRKDrawingPoint from, std::u
         for (std::size_t i = 0; i < n; ++i) {
             const VRKDrawingPoint before = i == 0 ? from : tour[i - 1].end;
             const std::size_t last = std::min(n, i + window);
+            double into = quickDistance(before, tour[i].start);
             for (std::size_t j = i; j < last; ++j) {
                 // Reversing legs i..j: the pen comes from `before` to the end of leg j instead of
                 // the start of leg i, and leaves the start of leg i for the leg after j instead of
                 // leaving the end of leg j.
-                double change = Distance(before, tour[j].end) - Distance(before, tour[i].start);
+                double change = quickDistance(before, tour[j].end) - into;
                 if (j + 1 < n) {
-                    change += Distance(tour[i].start, tour[j + 1].start) -
-                              Distance(tour[j].end, tour[j + 1].start);
+                    change += quickDistance(tour[i].start, tour[j + 1].start) -
+                              quickDistance(tour[j].end, tour[j + 1].start);
                 }
                 // A margin, so that rounding alone never reverses anything.
                 if (change < -1e-9) {
@@ -83,6 +96,7 @@ void VRKStrokeTour::Improve(std::vector<Leg>& tour, VRKDrawingPoint from, std::u
                         std::swap(tour[k].start, tour[k].end);
                         tour[k].reversed = !tour[k].reversed;
                     }
+                    into = quickDistance(before, tour[i].start);
                     improved = true;
                 }
             }
