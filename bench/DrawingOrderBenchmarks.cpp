@@ -1,9 +1,10 @@
 // The pen-travel ordering of a drawing: n short strokes (up to 5 mm) spread at random over an A0
-// page, four pens, in one run. Time grows as n log n; the counters give the pen-up travel before
-// and after, in metres.
+// page, four pens, in one run; and n lines meeting at one point. Time grows as n log n; the
+// counters give the pen-up travel before and after, in metres.
 
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <cstdint>
 #include <random>
 
@@ -40,8 +41,23 @@ VRKDrawing randomStrokes(std::int64_t count) {
     return drawing;
 }
 
-void order(benchmark::State& state, std::uint32_t window) {
-    const VRKDrawing original = randomStrokes(state.range(0));
+// n lines from the centre of the page outwards, in random directions: every stroke ends at one
+// point, where each search finds all the others equally near.
+VRKDrawing star(std::int64_t count) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<float> angle(0.0f, 6.2831853f);
+    VRKDrawing drawing;
+    drawing.PenIndex({});
+    for (std::int64_t i = 0; i < count; ++i) {
+        const float a = angle(random);
+        const VRKDrawingPoint xy[2] = {
+            {420.0f + 300.0f * std::cos(a), 600.0f + 300.0f * std::sin(a)}, {420.0f, 600.0f}};
+        drawing.AddPath(0, xy, nullptr, 2);
+    }
+    return drawing;
+}
+
+void order(benchmark::State& state, const VRKDrawing& original, std::uint32_t window) {
     VRKDrawingOrder::Options options;
     options.window = window;
     double after = 0.0;
@@ -61,10 +77,13 @@ void order(benchmark::State& state, std::uint32_t window) {
 }
 
 void BM_DrawingOrder(benchmark::State& state) {
-    order(state, VRKDrawingOrder::Options{}.window);
+    order(state, randomStrokes(state.range(0)), VRKDrawingOrder::Options{}.window);
 }
 void BM_DrawingOrderGreedyOnly(benchmark::State& state) {
-    order(state, 0);
+    order(state, randomStrokes(state.range(0)), 0);
+}
+void BM_DrawingOrderStar(benchmark::State& state) {
+    order(state, star(state.range(0)), VRKDrawingOrder::Options{}.window);
 }
 BENCHMARK(BM_DrawingOrder)
     ->RangeMultiplier(10)
@@ -72,6 +91,11 @@ BENCHMARK(BM_DrawingOrder)
     ->Unit(benchmark::kMillisecond)
     ->Complexity(benchmark::oNLogN);
 BENCHMARK(BM_DrawingOrderGreedyOnly)
+    ->RangeMultiplier(10)
+    ->Range(10000, 1000000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oNLogN);
+BENCHMARK(BM_DrawingOrderStar)
     ->RangeMultiplier(10)
     ->Range(10000, 1000000)
     ->Unit(benchmark::kMillisecond)

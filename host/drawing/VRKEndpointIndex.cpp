@@ -18,16 +18,41 @@ double distance2(VRKDrawingPoint a, VRKDrawingPoint b) {
 }  // namespace
 
 VRKEndpointIndex::VRKEndpointIndex(const std::vector<VRKDrawingPoint>& points) {
-    nodes_.resize(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        nodes_[i].point = points[i];
-        nodes_[i].id = static_cast<std::uint32_t>(i);
+    const auto count = static_cast<std::uint32_t>(points.size());
+    ids_.resize(count);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        ids_[i] = i;
+    }
+    // Ids by place, then by id: the ids of one place one after the other, smallest first.
+    std::sort(ids_.begin(), ids_.end(), [&points](std::uint32_t a, std::uint32_t b) {
+        const VRKDrawingPoint p = points[a];
+        const VRKDrawingPoint q = points[b];
+        if (p.x != q.x) {
+            return p.x < q.x;
+        }
+        if (p.y != q.y) {
+            return p.y < q.y;
+        }
+        return a < b;
+    });
+    for (std::uint32_t i = 0; i < count; ++i) {
+        if (i == 0 || !(points[ids_[i]] == points[ids_[i - 1]])) {
+            Node node;
+            node.point = points[ids_[i]];
+            node.first = i;
+            nodes_.push_back(node);
+        }
+        nodes_.back().end = i + 1;
     }
     Build(0, static_cast<std::uint32_t>(nodes_.size()));
-    position_.resize(nodes_.size());
-    for (std::size_t i = 0; i < nodes_.size(); ++i) {
-        position_[nodes_[i].id] = static_cast<std::uint32_t>(i);
+    node_.resize(count);
+    for (std::uint32_t n = 0; n < nodes_.size(); ++n) {
+        for (std::uint32_t i = nodes_[n].first; i < nodes_[n].end; ++i) {
+            node_[ids_[i]] = n;
+        }
     }
+    taken_.assign(count, 0);
+    remaining_ = count;
 }
 
 void VRKEndpointIndex::Build(std::uint32_t lo, std::uint32_t hi) {
@@ -74,10 +99,11 @@ void VRKEndpointIndex::Search(std::uint32_t lo, std::uint32_t hi, VRKDrawingPoin
     if (node.live == 0) {
         return;
     }
-    if (node.present) {
+    if (node.first < node.end) {
         const double d2 = distance2(from, node.point);
-        if (d2 < best.distance2 || (d2 == best.distance2 && node.id < best.id)) {
-            best = {d2, node.id};
+        const std::uint32_t id = ids_[node.first];
+        if (d2 < best.distance2 || (d2 == best.distance2 && id < best.id)) {
+            best = {d2, id};
         }
     }
     const double across = coordinate(from, node.axis) - coordinate(node.point, node.axis);
@@ -97,11 +123,20 @@ void VRKEndpointIndex::Search(std::uint32_t lo, std::uint32_t hi, VRKDrawingPoin
 }
 
 void VRKEndpointIndex::Remove(std::uint32_t id) {
-    if (id >= position_.size() || !nodes_[position_[id]].present) {
+    if (id >= taken_.size() || taken_[id] != 0) {
         return;
     }
-    const std::uint32_t target = position_[id];
-    nodes_[target].present = false;
+    taken_[id] = 1;
+    --remaining_;
+    const std::uint32_t target = node_[id];
+    Node& node = nodes_[target];
+    while (node.first < node.end && taken_[ids_[node.first]] != 0) {
+        ++node.first;
+    }
+    if (node.first < node.end) {
+        return;
+    }
+    // The place is empty: one node fewer in every subtree on the way down to it.
     std::uint32_t lo = 0;
     std::uint32_t hi = static_cast<std::uint32_t>(nodes_.size());
     while (lo < hi) {
