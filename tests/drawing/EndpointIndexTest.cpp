@@ -61,6 +61,18 @@ TEST(EndpointIndex, OfPointsEquallyNearTheSmallestIdWins) {
     EXPECT_EQ(index.Nearest({0, 1}), 4u);
 }
 
+TEST(EndpointIndex, PointsAtOnePlaceAreTakenOneByOneSmallestIdFirst) {
+    VRKEndpointIndex index({{2, 2}, {2, 2}, {9, 9}, {2, 2}});
+    index.Remove(1);
+    EXPECT_EQ(index.Nearest({0, 0}), 0u);
+    index.Remove(0);
+    EXPECT_EQ(index.Nearest({0, 0}), 3u);
+    EXPECT_EQ(index.Remaining(), 2u);
+    index.Remove(3);
+    EXPECT_EQ(index.Nearest({0, 0}), 2u);
+    EXPECT_EQ(index.Nearest({100, 100}), 2u);
+}
+
 TEST(EndpointIndex, AgreesWithAScanOverEveryPointThroughRandomRemovals) {
     std::mt19937 random(1234);
     // Points on a coarse grid, so that many coincide and many are equally near.
