@@ -1,0 +1,177 @@
+#include "host/svg/VRKSvgImporter.h"
+
+#include <cctype>
+#include <exception>
+#include <fstream>
+#include <new>
+
+#include "host/svg/VRKSvgDocument.h"
+#include "host/svg/VRKSvgRenderer.h"
+
+namespace {
+
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+// Skips `<?...?>`, `<!--...-->` and `<!...>` (a doctype, with its internal subset in brackets) at
+// the start of `text`; false when none is there or it does not end within the text.
+bool SkipMarkup(std::string_view& text) {
+    std::string_view end;
+    if (text.rfind("<?", 0) == 0) {
+        end = "?>";
+    } else if (text.rfind("<!--", 0) == 0) {
+        end = "-->";
+    } else if (text.rfind("<!", 0) == 0) {
+        int brackets = 0;
+        for (std::size_t i = 2; i < text.size(); ++i) {
+            if (text[i] == '[') {
+                ++brackets;
+            } else if (text[i] == ']') {
+                --brackets;
+            } else if (text[i] == '>' && brackets <= 0) {
+                text.remove_prefix(i + 1);
+                return true;
+            }
+        }
+        return false;
+    } else {
+        return false;
+    }
+    const std::size_t found = text.find(end, 2);
+    if (found == std::string_view::npos) {
+        return false;
+    }
+    text.remove_prefix(found + end.size());
+    return true;
+}
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) {
+        return ".";
+    }
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string BaseName(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+}  // namespace
+
+bool VRKSvgImporter::LooksLikeSvg(std::string_view head) {
+    // A byte order mark, then markup and spaces, then the root element.
+    if (head.rfind("\xEF\xBB\xBF", 0) == 0) {
+        head.remove_prefix(3);
+    }
+    while (true) {
+        while (!head.empty() && IsSpace(head.front())) {
+            head.remove_prefix(1);
+        }
+        if (head.rfind("<!", 0) == 0 || head.rfind("<?", 0) == 0) {
+            if (!SkipMarkup(head)) {
+                return false;
+            }
+            continue;
+        }
+        break;
+    }
+    if (head.empty() || head.front() != '<') {
+        return false;
+    }
+    head.remove_prefix(1);
+    std::size_t nameEnd = 0;
+    while (nameEnd < head.size() && !IsSpace(head[nameEnd]) && head[nameEnd] != '>' &&
+           head[nameEnd] != '/') {
+        ++nameEnd;
+    }
+    std::string_view name = head.substr(0, nameEnd);
+    const std::size_t colon = name.find(':');
+    if (colon != std::string_view::npos) {
+        name.remove_prefix(colon + 1);
+    }
+    return name == "svg" && nameEnd < head.size();
+}
+
+bool VRKSvgImporter::ReadFile(const std::string& path, VRKDrawing& drawing) {
+    error_.clear();
+    warnings_.clear();
+    drawing = VRKDrawing();
+    const std::string name = BaseName(path);
+    try {
+        std::ifstream in(path, std::ios::binary);
+        if (!in) {
+            error_ = name + ": the file cannot be opened";
+            return false;
+        }
+        in.seekg(0, std::ios::end);
+        const std::streamoff size = in.tellg();
+        if (size < 0) {
+            error_ = name + ": the file cannot be read";
+            return false;
+        }
+        if (static_cast<unsigned long long>(size) > kMaxFileBytes) {
+            error_ = name + ": the file is larger than 1 GiB, too large to be an SVG drawing";
+            return false;
+        }
+        in.seekg(0, std::ios::beg);
+        std::string text(static_cast<std::size_t>(size), '\0');
+        if (!in.read(text.data(), size)) {
+            error_ = name + ": the file cannot be read";
+            return false;
+        }
+        return Read(text, name, FolderOf(path), drawing);
+    } catch (const std::bad_alloc&) {
+        drawing = VRKDrawing();
+        error_ = name + ": not enough memory to read the drawing";
+        return false;
+    } catch (const std::exception& exception) {
+        drawing = VRKDrawing();
+        error_ = name + ": " + exception.what();
+        return false;
+    }
+}
+
+bool VRKSvgImporter::ReadMemory(std::string_view text, const std::string& name,
+                                const std::string& baseFolder, VRKDrawing& drawing) {
+    error_.clear();
+    warnings_.clear();
+    try {
+        drawing = VRKDrawing();
+        return Read(text, name, baseFolder, drawing);
+    } catch (const std::bad_alloc&) {
+        drawing = VRKDrawing();
+        error_ = name + ": not enough memory to read the drawing";
+        return false;
+    } catch (const std::exception& exception) {
+        drawing = VRKDrawing();
+        error_ = name + ": " + exception.what();
+        return false;
+    }
+}
+
+bool VRKSvgImporter::Read(std::string_view text, const std::string& name,
+                          const std::string& baseFolder, VRKDrawing& drawing) {
+    auto fail = [&](int line, const std::string& message) {
+        error_ =
+            name + ":" + (line > 0 ? std::to_string(line) + ":" : std::string()) + " " + message;
+        drawing = VRKDrawing();
+        return false;
+    };
+    if (text.size() > kMaxFileBytes) {
+        return fail(0, "the document is larger than 1 GiB, too large to be an SVG drawing");
+    }
+    VRKSvgDocument document;
+    std::string message;
+    int line = 0;
+    if (!document.Parse(text, message, line)) {
+        return fail(line, message);
+    }
+    VRKSvgRenderer renderer(document, name, baseFolder, drawing, warnings_);
+    if (!renderer.Render(message, line)) {
+        return fail(line, message);
+    }
+    return true;
+}

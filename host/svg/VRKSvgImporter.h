@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/drawing/VRKDrawing.h"
+
+// Reads SVG documents into drawings: shapes and paths become fills and strokes, texts and PNG
+// images become the drawing's texts and images, all on the page in millimetres (docs/host.md,
+// "SVG drawings", says what is drawn and how). What the file asks for and the importer cannot
+// draw is reported in warnings; a file that cannot be drawn at all gives an error and an empty
+// drawing. Never throws.
+class VRKSvgImporter {
+  public:
+    // Files larger than this are refused before they are read.
+    static constexpr std::size_t kMaxFileBytes = std::size_t{1} << 30;
+
+    // Reads the SVG file at `path` into `drawing` (which it clears first). Linked images are
+    // taken relative to the file's folder. False with GetError() set when the file cannot be
+    // drawn.
+    bool ReadFile(const std::string& path, VRKDrawing& drawing);
+    // The same for a document in memory; `name` names it in messages; `baseFolder` is where
+    // linked images are looked for (empty: linked images are refused).
+    bool ReadMemory(std::string_view text, const std::string& name, const std::string& baseFolder,
+                    VRKDrawing& drawing);
+    // "NAME:LINE: what is wrong", e.g. "bad.svg:7: the file is not well-formed XML (...)".
+    const std::string& GetError() const { return error_; }
+    // What was not drawn as the file asks: one line per kind of unsupported feature, the first
+    // time it is met, naming the element's id or line: "plan.svg:12: <filter id='blur'>: filters
+    // are not supported; drawn without them".
+    const std::vector<std::string>& GetWarnings() const { return warnings_; }
+    // Content sniffing for the input layer: true when `head` (the first bytes of a file) looks
+    // like an SVG document (an XML prolog/comments/doctype then an <svg root element, with or
+    // without a namespace prefix), false otherwise.
+    static bool LooksLikeSvg(std::string_view head);
+
+  private:
+    std::string error_;
+    std::vector<std::string> warnings_;
+
+    bool Read(std::string_view text, const std::string& name, const std::string& baseFolder,
+              VRKDrawing& drawing);
+};
