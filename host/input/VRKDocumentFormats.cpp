@@ -3,10 +3,12 @@
 #include <algorithm>
 
 #include "host/input/VRKJobDocumentReader.h"
+#include "host/input/VRKSvgDocumentReader.h"
 
 const std::vector<VRKDocumentReader*>& VRKDocumentFormats::All() {
     static VRKJobDocumentReader job;
-    static const std::vector<VRKDocumentReader*> readers{&job};
+    static VRKSvgDocumentReader svg;
+    static const std::vector<VRKDocumentReader*> readers{&job, &svg};
     return readers;
 }
 
