@@ -41,6 +41,11 @@ def png(width, height, rows, extra=b""):
             png_chunk(b"IDAT", zlib.compress(rows)) + png_chunk(b"IEND", b""))
 
 
+# Inputs refused only once they have been partly drawn may take more memory than the others, and
+# still a bounded amount: an SVG file whose uses multiply one line a billion times is refused when
+# its copies pass the importer's limit of elements, which a real drawing of that size would hold.
+MEMORY_MIB = {"usebomb.svg": 160.0}
+
 # The inputs are written by a child process of their own (--generate): the runner stays small, so
 # that the memory of the vrkplot processes it forks is theirs and not the inputs' it built.
 GENERATE = False
@@ -263,7 +268,7 @@ def main():
                 problems.append("exit status %d, not %d" % (code, status))
             if message is not None and message not in err:
                 problems.append("no message '%s'" % message)
-            if mib > options.memory_mib:
+            if mib > MEMORY_MIB.get(job, options.memory_mib):
                 problems.append("%.1f MiB" % mib)
             if elapsed > options.seconds:
                 problems.append("%.1f s" % elapsed)
