@@ -110,7 +110,9 @@ TEST(DocumentFormats, AnUnknownDocumentNamesTheFormatsKnown) {
     std::string error;
     ASSERT_TRUE(input.Open(path, error));
     EXPECT_EQ(VRKDocumentFormats::Choose(input, error), nullptr);
-    EXPECT_EQ(error, path + ": not a document this program reads (it reads job files (.job))");
+    EXPECT_EQ(error, path +
+                         ": not a document this program reads (it reads job files (.job), SVG "
+                         "drawings (.svg))");
 }
 
 TEST(DocumentFormats, DrawingOptionsOnAJobAreSaidToBeUnused) {
