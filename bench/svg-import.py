@@ -306,9 +306,9 @@ def main():
 
     print("machine: %s" % machine())
     print("%s: %s bytes" % (svg, "{:,}".format(os.path.getsize(svg))))
+    memory = "GNU time" if GNU_TIME else "wait4, counting this script's pages"
     print("%d uncounted and %d counted runs of each program in alternating rounds; wall time "
-          "around each process, peak memory from %s" % (a.warmup, a.runs, "GNU time" if GNU_TIME
-                                                         else "wait4, counting this script's pages"))
+          "around each process, peak memory from %s" % (a.warmup, a.runs, memory))
     print()
     rows, skipped = bench_import(svg, a.warmup, a.runs, a.vrkplot, shlex.split(a.vrkplot_args),
                                  not a.no_inkscape)
