@@ -1,18 +1,19 @@
 #!/usr/bin/env python3
 """Whole-program SVG import benchmark: vrkplot beside Inkscape's HPGL export on a large drawing.
 
-Usage: bench/svg-import.py [--runs N] [--vrkplot PATH] [--svg FILE] [--vrkplot-args ARGS]
-                           [--no-inkscape] [--no-ordering]
+Usage: bench/svg-import.py [--runs N] [--warmup N] [--vrkplot PATH] [--svg FILE]
+                           [--vrkplot-args ARGS] [--no-inkscape] [--no-ordering]
 
 1. The large drawing: about a million path segments (100,000 paths of 10 lines, Béziers and
    arcs), written once by bench/svg/make-large-svg.py, or the file given with --svg.
 2. Plots it with `vrkplot LARGE.svg -l HPGL2 -o OUT.plt` and, when `inkscape` is installed, has
    Inkscape export it (`inkscape LARGE.svg --export-type=hpgl --export-filename=OUT.hpgl`):
-   one warm-up run, then --runs counted runs of each, in alternating rounds. Every run is a
-   fresh process; its wall time is measured around it and its peak resident memory is the
+   --warmup uncounted runs, then --runs counted runs of each, in alternating rounds. Every run
+   is a fresh process; its wall time is measured around it and its peak resident memory is the
    ru_maxrss that GNU time (/usr/bin/time -f %M) reports for it, or, without GNU time, that
-   wait4 returns (for Inkscape, whose HPGL export runs in a child process, the larger of the
-   two). Prints a table with the median and the fastest
+   wait4 returns. Inkscape's HPGL export runs in a Python process that Inkscape starts detached
+   (its parent becomes init), so the figure is the Inkscape process's alone; on the large
+   drawing Inkscape takes minutes a run. Prints a table with the median and the fastest
    wall time, the peak memory and the output bytes of each, and Inkscape's figures over
    vrkplot's. Without Inkscape, or when its export fails, it says so and goes on.
 3. Plots examples/svg/generative.svg with `-l HPGL --stats` and prints the pen-down length, the
@@ -143,7 +144,7 @@ def last_line(text):
     return lines[-1] if lines else "(no message)"
 
 
-def bench_import(svg, runs, vrkplot, extra, with_inkscape):
+def bench_import(svg, warmup, runs, vrkplot, extra, with_inkscape):
     """Rows of figures for vrkplot and, when it works, Inkscape."""
     base = os.path.join(WORK, "large-svg")
     programs = {"vrkplot": ([vrkplot, svg, "-l", "HPGL2", "-o", base + ".vrk.plt"] + extra,
@@ -160,7 +161,7 @@ def bench_import(svg, runs, vrkplot, extra, with_inkscape):
     else:
         skipped = "inkscape: skipped (--no-inkscape)"
     figures = {name: {"wall": [], "peak": []} for name in programs}
-    for round_index in range(runs + 1):
+    for round_index in range(warmup + runs):
         for name in list(programs):
             cmd, output = programs[name]
             code, wall, peak, _, err = run_once(cmd, output)
@@ -171,7 +172,7 @@ def bench_import(svg, runs, vrkplot, extra, with_inkscape):
                 skipped = "inkscape's HPGL export failed, skipped (%s)" % why
                 del programs[name]
                 continue
-            if round_index > 0:
+            if round_index >= warmup:
                 figures[name]["wall"].append(wall)
                 figures[name]["peak"].append(peak)
     rows = []
@@ -286,6 +287,7 @@ def bench_ordering(vrkplot):
 def main():
     ap = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     ap.add_argument("--runs", type=int, default=3, help="counted runs of each program")
+    ap.add_argument("--warmup", type=int, default=1, help="uncounted runs before them")
     ap.add_argument("--vrkplot", default=VRKPLOT, help="the vrkplot program (default: %(default)s)")
     ap.add_argument("--svg", help="the drawing to import (default: the generated large drawing)")
     ap.add_argument("--vrkplot-args", default="",
@@ -293,8 +295,8 @@ def main():
     ap.add_argument("--no-inkscape", action="store_true", help="run vrkplot alone")
     ap.add_argument("--no-ordering", action="store_true", help="skip the --stats run")
     a = ap.parse_args()
-    if a.runs < 1:
-        die("--runs must be at least 1")
+    if a.runs < 1 or a.warmup < 0:
+        die("--runs must be at least 1, --warmup at least 0")
     if not os.access(a.vrkplot, os.X_OK):
         die("%s is missing: build the release preset first, or give --vrkplot" % a.vrkplot)
     os.makedirs(WORK, exist_ok=True)
@@ -304,11 +306,11 @@ def main():
 
     print("machine: %s" % machine())
     print("%s: %s bytes" % (svg, "{:,}".format(os.path.getsize(svg))))
-    print("one warm-up run, then %d counted runs of each program in alternating rounds; wall time "
-          "around each process, peak memory from %s" % (a.runs, "GNU time" if GNU_TIME else
-                                                         "wait4, counting this script's pages"))
+    memory = "GNU time" if GNU_TIME else "wait4, counting this script's pages"
+    print("%d uncounted and %d counted runs of each program in alternating rounds; wall time "
+          "around each process, peak memory from %s" % (a.warmup, a.runs, memory))
     print()
-    rows, skipped = bench_import(svg, a.runs, a.vrkplot, shlex.split(a.vrkplot_args),
+    rows, skipped = bench_import(svg, a.warmup, a.runs, a.vrkplot, shlex.split(a.vrkplot_args),
                                  not a.no_inkscape)
     print_import_table(rows, skipped, a.runs)
     ok = True

@@ -37,6 +37,8 @@ def path_data(rng, segments):
         nx = clamp(x + rng.uniform(-6.0, 6.0), 0.0, TILE_W)
         ny = clamp(y + rng.uniform(-6.0, 6.0), 0.0, TILE_H)
         kind = rng.random()
+        if kind >= 0.8 and "%.2f,%.2f" % (nx, ny) == "%.2f,%.2f" % (x, y):
+            kind = 0.0  # an arc back to its own start draws nothing: a line instead
         if kind < 0.5:
             parts.append("L%.2f,%.2f" % (nx, ny))
         elif kind < 0.8:

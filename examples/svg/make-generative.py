@@ -4,11 +4,11 @@
 Usage: examples/svg/make-generative.py [OUTPUT]   (default: generative.svg beside this script)
 
 Some 3,000 short strokes follow a smooth angle field over an A3 portrait sheet. Each stroke's pen
-comes from a second, slower field, so the colours lie in broad bands of about equal share. Inside each pen's layer
-the strokes are written in shuffled order, half of them backwards, so that the drawing order
-says nothing about where the strokes are: plotted as written, the pen travels back and forth
-across the sheet between strokes, which is what travel ordering is there to cut. The same seed
-gives the same file, byte for byte. Standard library only.
+comes from a second, slower field, so the colours lie in broad bands of about equal share.
+Inside each pen's layer the strokes are written in shuffled order, half of them backwards, so
+that the drawing order says nothing about where the strokes are: plotted as written, the pen
+travels back and forth across the sheet between strokes, which is what travel ordering is there
+to cut. The same seed gives the same file, byte for byte. Standard library only.
 """
 import math
 import os
