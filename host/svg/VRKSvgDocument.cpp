@@ -165,7 +165,9 @@ bool VRKSvgDocument::Parse(std::string_view text, std::string& error, int& error
             good = false;
         } else if (std::strcmp(Chars(root->name), "svg") != 0 || !InSvgNamespace(root)) {
             errorLine = static_cast<int>(std::min<long>(xmlGetLineNo(root), INT_MAX));
-            error = std::string("the root element is <") + Chars(root->name) + ">, not <svg>";
+            error = std::strcmp(Chars(root->name), "svg") == 0
+                        ? std::string("the root element <svg> is not of the SVG namespace")
+                        : std::string("the root element is <") + Chars(root->name) + ">, not <svg>";
             good = false;
         } else {
             root_ = Convert(root, nullptr);

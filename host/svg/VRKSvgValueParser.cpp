@@ -2,6 +2,7 @@
 
 #include <boost/array.hpp>
 #include <boost/range/iterator_range.hpp>
+#include <cmath>
 #include <exception>
 #include <string>
 #include <svgpp/parser/color.hpp>
@@ -24,6 +25,18 @@ struct QuietErrors {
     template <class Context, class AttributeTag, class AttributeValue>
     static bool parse_failed(Context const&, AttributeTag, AttributeValue const&) {
         return false;
+    }
+};
+
+// Colours as 0xRRGGBB; percentages rounded to the nearest level (50% is 128).
+struct RoundingColorFactory : svgpp::factory::color::integer_base<int> {
+    typedef double percentage_type;
+    static int create_from_percent(double r, double g, double b) {
+        return create(Level(r), Level(g), Level(b));
+    }
+    static unsigned char Level(double percent) {
+        const double clamped = percent > 100.0 ? 100.0 : (percent < 0.0 ? 0.0 : percent);
+        return static_cast<unsigned char>(std::lround(clamped * 255.0 / 100.0));
     }
 };
 
@@ -185,9 +198,11 @@ bool VRKSvgValueParser::ParseTransform(std::string_view text, VRKSvgMatrix& matr
 bool VRKSvgValueParser::ParseColor(std::string_view text, VRKDrawingColor& color) {
     try {
         ColorContext context;
-        if (!svgpp::value_parser<svgpp::tag::type::color, svgpp::error_policy<QuietErrors>>::parse(
-                svgpp::tag::attribute::color(), context, AsRange(text),
-                svgpp::tag::source::attribute())) {
+        if (!svgpp::value_parser<
+                svgpp::tag::type::color, svgpp::color_factory<RoundingColorFactory>,
+                svgpp::error_policy<QuietErrors>>::parse(svgpp::tag::attribute::color(), context,
+                                                         AsRange(text),
+                                                         svgpp::tag::source::attribute())) {
             return false;
         }
         color = context.color;
@@ -200,9 +215,11 @@ bool VRKSvgValueParser::ParseColor(std::string_view text, VRKDrawingColor& color
 bool VRKSvgValueParser::ParsePaint(std::string_view text, VRKSvgPaint& paint) {
     try {
         PaintContext context;
-        if (!svgpp::value_parser<svgpp::tag::type::paint, svgpp::error_policy<QuietErrors>>::parse(
-                svgpp::tag::attribute::fill(), context, AsRange(text),
-                svgpp::tag::source::attribute()) ||
+        if (!svgpp::value_parser<
+                svgpp::tag::type::paint, svgpp::color_factory<RoundingColorFactory>,
+                svgpp::error_policy<QuietErrors>>::parse(svgpp::tag::attribute::fill(), context,
+                                                         AsRange(text),
+                                                         svgpp::tag::source::attribute()) ||
             context.inherit) {
             return false;
         }
