@@ -79,13 +79,19 @@ TEST(SvgImage, MissingOrNotPngFileIsAnError) {
     folder.Write("text.png", "not a png");
     SvgResult r = ReadSvg(Page("<image width='8' height='8' href='gone.png'/>"), folder.Path());
     EXPECT_FALSE(r.ok);
-    EXPECT_EQ(r.error.rfind("test.svg:1: the image file 'gone.png' cannot be read as PNG: ", 0), 0u)
-        << r.error;
+    EXPECT_EQ(r.error,
+              "test.svg:1: the image file 'gone.png' cannot be read as PNG: there is no "
+              "such file");
     EXPECT_TRUE(r.drawing.items.empty());
     r = ReadSvg(Page("<image width='8' height='8' href='text.png'/>"), folder.Path());
     EXPECT_FALSE(r.ok);
     EXPECT_EQ(r.error,
               "test.svg:1: the image file 'text.png' cannot be read as PNG: not a PNG file");
+    r = ReadSvg(Page("<image width='8' height='8' href='/dev/null'/>"), folder.Path());
+    EXPECT_FALSE(r.ok);
+    EXPECT_EQ(r.error,
+              "test.svg:1: the image file '/dev/null' cannot be read as PNG: it is not a "
+              "regular file");
     r = ReadSvg(Page("<image width='8' height='8' href='pic.png'/>"));
     EXPECT_FALSE(r.ok);
     EXPECT_EQ(r.error,
