@@ -20,6 +20,16 @@ Range AsRange(std::string_view text) {
     return Range(text.data(), text.data() + text.size());
 }
 
+// The grammars take ASCII only (Spirit's character classes are undefined for other bytes): a value
+// is read up to its first byte that is not ASCII, which is an error in any of them.
+std::size_t AsciiLength(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) {
+        ++length;
+    }
+    return length;
+}
+
 // A parse error is a false result, never an exception.
 struct QuietErrors {
     template <class Context, class AttributeTag, class AttributeValue>
@@ -167,17 +177,22 @@ class ColorContext {
 bool VRKSvgValueParser::ParsePath(std::string_view data, VRKSvgPathSink& sink) {
     try {
         PathContext context(sink);
-        return svgpp::value_parser<
+        const std::size_t ascii = AsciiLength(data);
+        const bool parsed = svgpp::value_parser<
             svgpp::tag::type::path_data, svgpp::path_policy<svgpp::policy::path::no_shorthands>,
             svgpp::error_policy<QuietErrors>>::parse(svgpp::tag::attribute::d(), context,
-                                                     AsRange(data),
+                                                     AsRange(data.substr(0, ascii)),
                                                      svgpp::tag::source::attribute());
+        return parsed && ascii == data.size();
     } catch (const std::exception&) {
         return false;
     }
 }
 
 bool VRKSvgValueParser::ParseTransform(std::string_view text, VRKSvgMatrix& matrix) {
+    if (AsciiLength(text) != text.size()) {
+        return false;
+    }
     try {
         TransformContext context;
         if (!svgpp::value_parser<
@@ -196,6 +211,9 @@ bool VRKSvgValueParser::ParseTransform(std::string_view text, VRKSvgMatrix& matr
 }
 
 bool VRKSvgValueParser::ParseColor(std::string_view text, VRKDrawingColor& color) {
+    if (AsciiLength(text) != text.size()) {
+        return false;
+    }
     try {
         ColorContext context;
         if (!svgpp::value_parser<
@@ -213,6 +231,9 @@ bool VRKSvgValueParser::ParseColor(std::string_view text, VRKDrawingColor& color
 }
 
 bool VRKSvgValueParser::ParsePaint(std::string_view text, VRKSvgPaint& paint) {
+    if (AsciiLength(text) != text.size()) {
+        return false;
+    }
     try {
         PaintContext context;
         if (!svgpp::value_parser<

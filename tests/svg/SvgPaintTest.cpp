@@ -22,6 +22,10 @@ TEST(SvgPaint, Colours) {
     EXPECT_EQ(FillOf("fill='currentColor' color='teal'"), (VRKDrawingColor{0, 128, 128}));
     // A value that cannot be read is ignored: the inherited black stays.
     EXPECT_EQ(FillOf("fill='#12345'"), (VRKDrawingColor{0, 0, 0}));
+    EXPECT_EQ(FillOf("fill='r\xC3\xA9"
+                     "d'"),
+              (VRKDrawingColor{0, 0, 0}));
+    EXPECT_EQ(FillOf("fill='\xE2\x82\xAC'"), (VRKDrawingColor{0, 0, 0}));
 }
 
 TEST(SvgPaint, NoneDrawsNothing) {

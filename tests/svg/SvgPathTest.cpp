@@ -99,6 +99,14 @@ TEST(SvgPath, ArcsBecomeCubicsOfAtMostNinetyDegrees) {
     }
 }
 
+TEST(SvgPath, DataIsReadUpToItsFirstByteThatIsNotAscii) {
+    const SvgResult r = Stroked("M0 0 L10 0 L20 0\xC3\xA9 L30 0");
+    ASSERT_TRUE(r.ok) << r.error;
+    ASSERT_EQ(r.drawing.strokes.size(), 1u);
+    EXPECT_EQ(Points(r.drawing, r.drawing.strokes[0]), (Points_{{0, 100}, {10, 100}, {20, 100}}));
+    EXPECT_EQ(r.warnings.size(), 1u);
+}
+
 TEST(SvgPath, ArcWithoutRadiusIsALine) {
     const SvgResult r = Stroked("M0 0 A0 10 0 0 1 10 0");
     ASSERT_EQ(r.drawing.strokes.size(), 1u);
