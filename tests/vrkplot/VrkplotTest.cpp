@@ -146,7 +146,7 @@ TEST_F(Vrkplot, SeveralJobFilesGoOnAfterAFailure) {
     EXPECT_EQ(Run({"one.job", "two.job", "missing.job", "three.job"}), 2);
     EXPECT_EQ(err,
               "two.job:2: MoveTo: missing argument; usage: MoveTo x y\n"
-              "missing.job: cannot open the job file: No such file or directory\n");
+              "missing.job: cannot open the file: No such file or directory\n");
     EXPECT_BYTES(kA4Frame, ReadFileBytes(folder.File("one.plt")));
     EXPECT_BYTES(
         "\x1b"
@@ -195,7 +195,7 @@ TEST_F(Vrkplot, UnknownLanguage) {
 
 TEST_F(Vrkplot, UsageErrors) {
     EXPECT_EQ(Run({}), 2);
-    EXPECT_EQ(err, "vrkplot: no job file given (see --help)\n");
+    EXPECT_EQ(err, "vrkplot: no job file or drawing given (see --help)\n");
     EXPECT_EQ(Run({"--no-such-option"}), 2);
     EXPECT_NE(err.find("--no-such-option"), std::string::npos) << err;
     EXPECT_EQ(Run({"a.job", "-l"}), 2);

@@ -5,14 +5,16 @@
 #include <vector>
 
 #include "host/core/VRKClassEntry.h"
+#include "host/input/VRKDocumentOptions.h"
 #include "host/job/VRKJobOutput.h"
 #include "host/output/VRKDestination.h"
 #include "host/xml/VRKLightXmlElement.h"
 
 class VRKBaseUnknown;
 
-// Plots job files with one language and its settings, each to a destination, and says what it
-// did: one line per plot ("plan.job -> plan.plt (HPGL2, 23 KB)") unless quiet, errors on standard
+// Plots documents (job files, SVG drawings) with one language and its settings, each to a
+// destination, and says what it did: one line per plot ("plan.svg -> plan.plt (HPGL2, 23 KB)")
+// unless quiet; errors, and what a drawing holds that cannot be drawn as it asks, on standard
 // error.
 class JobPlotter {
   public:
@@ -25,6 +27,10 @@ class JobPlotter {
     JobPlotter(const VRKClassEntry& language, std::vector<Settings> settings);
 
     void SetOptions(const VRKJobOutput::Options& options) { options_ = options; }
+    // How drawings are laid out and ordered.
+    void SetDocumentOptions(const VRKDocumentOptions& options) { documentOptions_ = options; }
+    // Where the pen's travel goes when --stats asks for it.
+    void SetStatsReport(std::ostream* report) { statsReport_ = report; }
     // Where the lines that say what was done go; null keeps quiet.
     void SetReport(std::ostream* report) { report_ = report; }
     // The name of the printer the plots go to, for those lines.
@@ -40,15 +46,17 @@ class JobPlotter {
     // A generator of the language with the settings read into it, or null after printing why
     // not. The caller releases it.
     VRKBaseUnknown* MakeGenerator() const;
-    // Plots `job` ("-": standard input) to `destination`; prints the error and returns false when
-    // it cannot.
+    // Plots the document `job` ("-": standard input) to `destination`; prints the error and
+    // returns false when it cannot.
     bool Plot(const std::string& job, const VRKDestination& destination) const;
 
   private:
     const VRKClassEntry& language_;
     std::vector<Settings> settings_;
     VRKJobOutput::Options options_;
+    VRKDocumentOptions documentOptions_;
     std::ostream* report_ = nullptr;
+    std::ostream* statsReport_ = nullptr;
     std::string printerName_;
     std::string jobName_;
 };

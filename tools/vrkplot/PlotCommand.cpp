@@ -6,6 +6,8 @@
 
 #include "host/core/VRKBaseUnknown.h"
 #include "host/core/VRKRawCollPV.h"
+#include "host/drawing/VRKDrawingLayout.h"
+#include "host/input/VRKDocumentOptions.h"
 #include "host/output/VRKDestination.h"
 #include "host/printers/VRKPrinter.h"
 #include "host/printers/VRKPrinterManager.h"
@@ -54,7 +56,7 @@ const VRKClassEntry* chooseLanguage(const std::string& language, const VRKLightX
 
 int PlotCommand::Run() const {
     if (jobs.empty() && !haveSaveSettings) {
-        return fail("no job file given (see --help)");
+        return fail("no job file or drawing given (see --help)");
     }
     if (haveOutput && output.empty()) {
         return fail("-o needs a file name, or - for standard output");
@@ -119,7 +121,24 @@ int PlotCommand::Run() const {
     if (!settingsPath.empty()) {
         settings.push_back({file, settingsPath});
     }
+    VRKDocumentOptions documentOptions;
+    if (!form.empty()) {
+        VRKDrawingLayout::Form parsed;
+        if (!VRKDrawingLayout::ParseForm(form, parsed, error)) {
+            return fail(error);
+        }
+        documentOptions.layout.form = parsed;
+    }
+    documentOptions.layout.landscape = landscape;
+    documentOptions.layout.fit = fit;
+    documentOptions.layout.margins = static_cast<float>(margins);
+    // A pen plotter's pen-up moves cost time and wear; the printers draw a page at once.
+    documentOptions.orderForTravel =
+        order.empty() ? entry->language == std::string("HPGL") : order == "travel";
+    documentOptions.stats = stats;
+
     JobPlotter plotter(*entry, settings);
+    plotter.SetDocumentOptions(documentOptions);
     VRKBaseUnknown* generator = plotter.MakeGenerator();
     if (generator == nullptr) {
         return kFailure;
@@ -155,6 +174,7 @@ int PlotCommand::Run() const {
     // What was done is said on standard output, unless a plot goes there. A plot there owns it:
     // the lines the driver prints itself (the pen table it reads) then go to standard error.
     plotter.SetReport(quiet ? nullptr : toStandardOutput ? &std::cerr : &std::cout);
+    plotter.SetStatsReport(!stats ? nullptr : toStandardOutput ? &std::cerr : &std::cout);
     std::streambuf* const standardOutput =
         toStandardOutput ? std::cout.rdbuf(std::cerr.rdbuf()) : nullptr;
     plotter.SetPrinterName(printer);

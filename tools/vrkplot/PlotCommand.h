@@ -5,9 +5,19 @@
 
 class VRKBaseUnknown;
 
-// `vrkplot JOB...`: plots job files with a language or a printer, to their destinations.
+// `vrkplot DOCUMENT...`: plots job files and drawings with a language or a printer, to their
+// destinations.
 struct PlotCommand {
     std::vector<std::string> jobs;
+    // Drawings: the form (empty: the drawing's own size), its orientation, scaling to it, the
+    // margins in millimetres, the order of strokes ("travel", "drawing"; empty: travel for the
+    // pen plotter language HPGL, drawing for the others) and the pen's travel measured.
+    std::string form;
+    bool landscape = false;
+    bool fit = false;
+    double margins = 0;
+    std::string order;
+    bool stats = false;
     std::string language;
     std::string printer;
     std::string output;

@@ -1,8 +1,10 @@
-// vrkplot: plays job files into the generator of a printer language and writes the plots to
-// files, or sends them to plotters and printers.
+// vrkplot: plays job files and drawings (SVG) into the generator of a printer language and
+// writes the plots to files, or sends them to plotters and printers.
 //
 //   vrkplot [-l LANGUAGE | -p PRINTER] [-o DEST] [--job-name NAME] [--settings FILE]
-//           [--save-settings FILE] [--stream] [--timeout SECONDS] [-q] [--] JOB...
+//           [--save-settings FILE] [--stream] [--timeout SECONDS] [-q]
+//           [--form FORM] [--landscape] [--fit] [--margins MM] [--order travel|drawing]
+//           [--stats] [--] DOCUMENT...
 //   vrkplot settings [-l LANGUAGE] [--settings FILE]
 //   vrkplot printers [--add NAME [-l LANGUAGE] --destination DEST [--settings FILE]
 //                     [--description TEXT] | --remove NAME]
@@ -22,6 +24,7 @@
 
 #include "host/core/VRKClassDictionary.h"
 #include "host/core/VRKDriverLoader.h"
+#include "host/input/VRKDocumentFormats.h"
 #include "host/output/VRKOutputPath.h"
 #include "host/xml/VRKGeneratorSettings.h"
 #include "host/xml/VRKLightXmlElement.h"
@@ -51,14 +54,17 @@ int main(int argc, char** argv) {
     TemporaryFiles::RemoveOnSignals();
 
     CLI::App app{
-        "Plays drawings (job files) into the generator of a printer language and writes the "
-        "plots to files, or sends them to plotters and printers.",
+        "Plays drawings and job files into the generator of a printer language and writes the "
+        "plots to files, or sends them to plotters and printers.\n\nDocuments it reads (told "
+        "apart by their content, else by their extension):\n" +
+            VRKDocumentFormats::Describe(),
         "vrkplot"};
     PlotCommand plot;
     CLI::Option* jobsOption = app.add_option(
-        "JOB", plot.jobs,
-        "Job files to plot, one after another, each to its own plot; - reads standard input. "
-        "Put -- before them when a name starts with - or is 'settings', 'printers' or 'dump'");
+        "DOCUMENT", plot.jobs,
+        "Drawings and job files to plot, one after another, each to its own plot; - reads "
+        "standard input. Put -- before them when a name starts with - or is 'settings', "
+        "'printers' or 'dump'");
     CLI::Option* languageOption = app.add_option("-l,--language", plot.language,
                                                  "Printer language (default: HPGL2, or the "
                                                  "language of the --settings file)");
@@ -91,6 +97,28 @@ int main(int argc, char** argv) {
         "fails; 0 waits for ever (default: 30 for socket://, none for serial:)");
     timeoutOption->check(CLI::NonNegativeNumber);
     app.add_flag("-q,--quiet", plot.quiet, "Do not say what was written or sent");
+    CLI::Option* formOption = app.add_option(
+        "--form", plot.form,
+        "Drawings: the paper, A4, A3, A2, A1, A0 or WIDTHxHEIGHT in millimetres (default: the "
+        "drawing's own size); the drawing keeps its size unless --fit is given");
+    CLI::Option* landscapeOption =
+        app.add_flag("--landscape", plot.landscape, "Drawings: the form's long side across");
+    CLI::Option* fitOption = app.add_flag(
+        "--fit", plot.fit,
+        "Drawings: scaled to the form inside its margins, keeping the proportions, centred");
+    CLI::Option* marginsOption = app.add_option(
+        "--margins", plot.margins, "Drawings: the margins on every side, in millimetres");
+    marginsOption->check(CLI::Range(0.0, 10000.0));
+    CLI::Option* orderOption = app.add_option(
+        "--order", plot.order,
+        "Drawings: 'travel' groups the strokes by pen and orders them to cut the pen's travel "
+        "between them; 'drawing' keeps the drawing's order (default: travel for HPGL, drawing "
+        "for the others)");
+    orderOption->check(CLI::IsMember({"travel", "drawing"}));
+    CLI::Option* statsOption = app.add_flag(
+        "--stats", plot.stats,
+        "Drawings: prints the pen-down length, the pen-up travel and the pen changes, before "
+        "and after ordering");
     bool list = false;
     app.add_flag("--list-languages", list, "List the printer languages and exit")
         ->excludes(jobsOption)
@@ -100,7 +128,13 @@ int main(int argc, char** argv) {
         ->excludes(saveOption)
         ->excludes(printerOption)
         ->excludes(streamOption)
-        ->excludes(timeoutOption);
+        ->excludes(timeoutOption)
+        ->excludes(formOption)
+        ->excludes(landscapeOption)
+        ->excludes(fitOption)
+        ->excludes(marginsOption)
+        ->excludes(orderOption)
+        ->excludes(statsOption);
     printerOption->excludes(languageOption);
 
     CLI::App* settingsCommand = app.add_subcommand(

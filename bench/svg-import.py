@@ -1,0 +1,322 @@
+#!/usr/bin/env python3
+"""Whole-program SVG import benchmark: vrkplot beside Inkscape's HPGL export on a large drawing.
+
+Usage: bench/svg-import.py [--runs N] [--vrkplot PATH] [--svg FILE] [--vrkplot-args ARGS]
+                           [--no-inkscape] [--no-ordering]
+
+1. The large drawing: about a million path segments (100,000 paths of 10 lines, Béziers and
+   arcs), written once by bench/svg/make-large-svg.py, or the file given with --svg.
+2. Plots it with `vrkplot LARGE.svg -l HPGL2 -o OUT.plt` and, when `inkscape` is installed, has
+   Inkscape export it (`inkscape LARGE.svg --export-type=hpgl --export-filename=OUT.hpgl`):
+   one warm-up run, then --runs counted runs of each, in alternating rounds. Every run is a
+   fresh process; its wall time is measured around it and its peak resident memory is the
+   ru_maxrss that GNU time (/usr/bin/time -f %M) reports for it, or, without GNU time, that
+   wait4 returns (for Inkscape, whose HPGL export runs in a child process, the larger of the
+   two). Prints a table with the median and the fastest
+   wall time, the peak memory and the output bytes of each, and Inkscape's figures over
+   vrkplot's. Without Inkscape, or when its export fails, it says so and goes on.
+3. Plots examples/svg/generative.svg with `-l HPGL --stats` and prints the pen-down length, the
+   pen-up travel and the pen changes before and after ordering, as read from the --stats
+   output, and whether ordering cuts the pen-up travel by at least half.
+
+Exit status 0 when every vrkplot run worked and the --stats output could be read, 1 otherwise.
+
+Paths (environment variables override them):
+  VRK_BUILD_DIR   the release build                              (default: build/ in the repository)
+  VRK_BENCH_WORK  the large drawing and the plots are written    (default: build/bench-work)
+
+Build first: cmake --preset release && cmake --build --preset release. Not part of CI.
+Standard library only.
+"""
+import argparse
+import os
+import re
+import shlex
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+REPO = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+BUILD = os.environ.get("VRK_BUILD_DIR", os.path.join(REPO, "build"))
+WORK = os.environ.get("VRK_BENCH_WORK", os.path.join(BUILD, "bench-work"))
+
+VRKPLOT = os.path.join(BUILD, "bin", "vrkplot")
+MAKE_LARGE = os.path.join(REPO, "bench", "svg", "make-large-svg.py")
+GENERATIVE = os.path.join(REPO, "examples", "svg", "generative.svg")
+LARGE_PATHS, LARGE_SEGMENTS = 100_000, 10
+MIB = 1024.0
+GNU_TIME = "/usr/bin/time" if os.access("/usr/bin/time", os.X_OK) else None
+
+# --- What vrkplot's --stats prints, kept here so that a change of wording is one edit. ---------
+# The arguments that ask for the figures, added after `vrkplot DRAWING -l HPGL -o OUT`.
+STATS_ARGS = ["--stats"]
+# The expected line for each measure: before ordering, then after.
+#   pen-up travel: 12345.6 mm before ordering, 4567.8 mm after
+STATS_EXACT = {
+    "pen-up": re.compile(r"pen-up travel:\s*([0-9.]+)\s*mm before ordering,\s*([0-9.]+)\s*mm"
+                         r" after"),
+    "pen-down": re.compile(r"pen-down length:\s*([0-9.]+)\s*mm before ordering,\s*([0-9.]+)\s*"
+                           r"mm after"),
+    "pen changes": re.compile(r"pen changes:\s*([0-9]+) before ordering,\s*([0-9]+) after"),
+}
+# When the exact lines are not there, a line counts for the first measure (in this order) one of
+# whose words it holds. With two numbers on a line, they go to "before" and "after" in the order
+# those words come in the line (before, then after, when neither is there); a single number goes
+# to the word on its line, or to the section it stands in ("after ordering:" on a line of its own).
+STATS_WORDS = [
+    ("pen changes", ("pen change", "pen-change", "pen selection")),
+    ("pen-up", ("pen-up", "pen up", "penup")),
+    ("pen-down", ("pen-down", "pen down", "pendown")),
+    ("pen-up", ("travel", "move")),
+    ("pen-down", ("drawn", "drawing length", "draw")),
+    ("pen changes", ("changes",)),
+]
+MEASURES = ["pen-down", "pen-up", "pen changes"]
+# -------------------------------------------------------------------------------------------------
+
+NUMBER = re.compile(r"(\d+(?:,\d{3})*(?:\.\d+)?)(?![\d.,]*\s*%)\s*(mm|cm|m)?\b")
+TO_MM = {"mm": 1.0, "cm": 10.0, "m": 1000.0, None: 1.0}
+
+
+def die(message):
+    sys.exit("svg-import: " + message)
+
+
+def machine():
+    model = "unknown CPU"
+    try:
+        with open("/proc/cpuinfo") as f:
+            model = next((line.split(":", 1)[1].strip() for line in f
+                          if line.startswith("model name")), model)
+    except OSError:
+        pass
+    return "%d cores (nproc), %s" % (os.cpu_count() or 0, model)
+
+
+def large_svg():
+    """The large drawing, generated when missing."""
+    os.makedirs(WORK, exist_ok=True)
+    path = os.path.join(WORK, "large-%dx%d.svg" % (LARGE_PATHS, LARGE_SEGMENTS))
+    if not os.path.exists(path):
+        print("generating %s" % path, file=sys.stderr)
+        subprocess.run([sys.executable, MAKE_LARGE, path, "--paths", str(LARGE_PATHS),
+                        "--segments", str(LARGE_SEGMENTS)], check=True, stdout=subprocess.DEVNULL)
+    return path
+
+
+def run_once(cmd, output):
+    """Runs cmd as a fresh process: (exit code, wall seconds, peak MiB, stdout, stderr).
+
+    The peak comes from GNU time when it is there: a small parent whose wait4 sees the command
+    alone. Without it, wait4 on the command itself, which also counts the pages of this Python
+    process that the command started from, a floor of some 10 to 15 MiB (said in the output).
+    """
+    if os.path.exists(output):
+        os.remove(output)
+    with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err, \
+            tempfile.NamedTemporaryFile(mode="r", suffix=".peak") as peak_file:
+        measured = [GNU_TIME, "-f", "%M", "-o", peak_file.name] + cmd if GNU_TIME else cmd
+        start = time.monotonic()
+        try:
+            process = subprocess.Popen(measured, stdin=subprocess.DEVNULL, stdout=out, stderr=err)
+        except OSError as e:
+            return 127, 0.0, 0.0, "", str(e)
+        _, status, usage = os.wait4(process.pid, 0)
+        wall = time.monotonic() - start
+        process.returncode = os.waitstatus_to_exitcode(status)
+        peak_kib = usage.ru_maxrss
+        if GNU_TIME:
+            # GNU time puts a line before the figure when the command fails or is killed.
+            lines = peak_file.read().split()
+            peak_kib = int(lines[-1]) if lines and lines[-1].isdigit() else 0
+        out.seek(0)
+        err.seek(0)
+        return (process.returncode, wall, peak_kib / MIB, out.read().decode(errors="replace"),
+                err.read().decode(errors="replace"))
+
+
+def last_line(text):
+    lines = [line for line in text.strip().splitlines() if line.strip()]
+    return lines[-1] if lines else "(no message)"
+
+
+def bench_import(svg, runs, vrkplot, extra, with_inkscape):
+    """Rows of figures for vrkplot and, when it works, Inkscape."""
+    base = os.path.join(WORK, "large-svg")
+    programs = {"vrkplot": ([vrkplot, svg, "-l", "HPGL2", "-o", base + ".vrk.plt"] + extra,
+                            base + ".vrk.plt")}
+    skipped = None
+    if with_inkscape:
+        inkscape = shutil.which("inkscape")
+        if inkscape is None:
+            skipped = "inkscape is not installed: skipped"
+        else:
+            programs["inkscape"] = ([inkscape, svg, "--export-type=hpgl",
+                                     "--export-filename=" + base + ".inkscape.hpgl"],
+                                    base + ".inkscape.hpgl")
+    else:
+        skipped = "inkscape: skipped (--no-inkscape)"
+    figures = {name: {"wall": [], "peak": []} for name in programs}
+    for round_index in range(runs + 1):
+        for name in list(programs):
+            cmd, output = programs[name]
+            code, wall, peak, _, err = run_once(cmd, output)
+            if code != 0 or not os.path.exists(output):
+                why = "exit status %d: %s" % (code, last_line(err))
+                if name == "vrkplot":
+                    die("%s failed (%s)" % (shlex.join(cmd), why))
+                skipped = "inkscape's HPGL export failed, skipped (%s)" % why
+                del programs[name]
+                continue
+            if round_index > 0:
+                figures[name]["wall"].append(wall)
+                figures[name]["peak"].append(peak)
+    rows = []
+    for name, (cmd, output) in programs.items():
+        rows.append({"program": name, "command": shlex.join(cmd),
+                     "median": statistics.median(figures[name]["wall"]),
+                     "fastest": min(figures[name]["wall"]),
+                     "peak": max(figures[name]["peak"]), "bytes": os.path.getsize(output)})
+        os.remove(output)
+    return rows, skipped
+
+
+def print_import_table(rows, skipped, runs):
+    print("| Program | median s | fastest s | peak RSS MiB | output bytes |")
+    print("|---|---:|---:|---:|---:|")
+    for row in rows:
+        print("| %s | %.2f | %.2f | %.1f | %s |" % (row["program"], row["median"], row["fastest"],
+                                                   row["peak"], "{:,}".format(row["bytes"])))
+    print()
+    for row in rows:
+        print("%s: %s" % (row["program"], row["command"]))
+    by = {row["program"]: row for row in rows}
+    if "inkscape" in by:
+        v, i = by["vrkplot"], by["inkscape"]
+        print("inkscape / vrkplot: %.1fx the time (median of %d), %.1fx the peak memory" %
+              (i["median"] / v["median"], runs, i["peak"] / v["peak"]))
+    if skipped:
+        print(skipped)
+
+
+def numbers(text):
+    """The numbers of a line (not percentages), in millimetres where a length unit follows; only
+    those with a unit when some have one."""
+    found = [(float(m.group(1).replace(",", "")) * TO_MM[m.group(2)], m.group(2) is not None)
+             for m in NUMBER.finditer(text)]
+    if any(with_unit for _, with_unit in found):
+        found = [f for f in found if f[1]]
+    return [value for value, _ in found]
+
+
+def parse_stats(text):
+    """{measure: {"before": value, "after": value}} from vrkplot's --stats output."""
+    result = {measure: {} for measure in MEASURES}
+    for measure, pattern in STATS_EXACT.items():
+        m = pattern.search(text)
+        if m:
+            result[measure] = {"before": float(m.group(1)), "after": float(m.group(2))}
+    section = None
+    for line in text.splitlines():
+        low = line.lower()
+        values = numbers(low)
+        b, a = low.find("before"), low.find("after")
+        if not values:
+            if (b < 0) != (a < 0):
+                section = "before" if b >= 0 else "after"
+            continue
+        measure = next((name for name, words in STATS_WORDS if any(w in low for w in words)),
+                       None)
+        if measure is None or len(result[measure]) == 2:
+            continue
+        if len(values) >= 2:
+            first, second = ("after", "before") if 0 <= a < b or (a >= 0 > b) else ("before",
+                                                                                   "after")
+            result[measure] = {first: values[0], second: values[1]}
+        elif b >= 0 or a >= 0:
+            result[measure].setdefault("before" if b >= 0 else "after", values[0])
+        elif section:
+            result[measure].setdefault(section, values[0])
+        else:
+            result[measure].setdefault("after" if "before" in result[measure] else "before",
+                                       values[0])
+    return result
+
+
+def bench_ordering(vrkplot):
+    """Plots the generative example with --stats; True when the pen-up travel could be read."""
+    output = os.path.join(WORK, "generative.hpgl.plt")
+    cmd = [vrkplot, GENERATIVE, "-l", "HPGL", "-o", output] + STATS_ARGS
+    code, wall, _, out, err = run_once(cmd, output)
+    if os.path.exists(output):
+        os.remove(output)
+    print(shlex.join(cmd))
+    if code != 0:
+        print("vrkplot failed (exit status %d): %s" % (code, last_line(err)))
+        return False
+    text = out + err
+    for line in text.strip().splitlines():
+        print("  > " + line)
+    stats = parse_stats(text)
+    print("| Measure | before ordering | after ordering | change |")
+    print("|---|---:|---:|---:|")
+    for measure in MEASURES:
+        before, after = stats[measure].get("before"), stats[measure].get("after")
+        unit = "" if measure == "pen changes" else " mm"
+        change = ("%+.1f%%" % (100.0 * (after - before) / before)
+                  if before and after is not None else "-")
+        print("| %s | %s | %s | %s |" % (
+            measure, "-" if before is None else "%.1f%s" % (before, unit),
+            "-" if after is None else "%.1f%s" % (after, unit), change))
+    up = stats["pen-up"]
+    if "before" not in up or "after" not in up:
+        print("could not read the pen-up travel before and after ordering from the output above "
+              "(the expected form is in STATS_EXACT in %s)" % os.path.relpath(__file__, REPO))
+        return False
+    ok = up["after"] <= 0.5 * up["before"]
+    print("%-4s ordering cuts the pen-up travel by at least half (%.1f mm -> %.1f mm, %.0f%% cut)"
+          % ("ok" if ok else "MISS", up["before"], up["after"],
+             100.0 * (1.0 - up["after"] / up["before"]) if up["before"] else 0.0))
+    return True
+
+
+def main():
+    ap = argparse.ArgumentParser(description=__doc__.split("\n")[0])
+    ap.add_argument("--runs", type=int, default=3, help="counted runs of each program")
+    ap.add_argument("--vrkplot", default=VRKPLOT, help="the vrkplot program (default: %(default)s)")
+    ap.add_argument("--svg", help="the drawing to import (default: the generated large drawing)")
+    ap.add_argument("--vrkplot-args", default="",
+                    help="more vrkplot arguments for the large drawing, e.g. '--form A0'")
+    ap.add_argument("--no-inkscape", action="store_true", help="run vrkplot alone")
+    ap.add_argument("--no-ordering", action="store_true", help="skip the --stats run")
+    a = ap.parse_args()
+    if a.runs < 1:
+        die("--runs must be at least 1")
+    if not os.access(a.vrkplot, os.X_OK):
+        die("%s is missing: build the release preset first, or give --vrkplot" % a.vrkplot)
+    os.makedirs(WORK, exist_ok=True)
+    svg = a.svg if a.svg else large_svg()
+    if not os.path.exists(svg):
+        die("%s does not exist" % svg)
+
+    print("machine: %s" % machine())
+    print("%s: %s bytes" % (svg, "{:,}".format(os.path.getsize(svg))))
+    print("one warm-up run, then %d counted runs of each program in alternating rounds; wall time "
+          "around each process, peak memory from %s" % (a.runs, "GNU time" if GNU_TIME else
+                                                         "wait4, counting this script's pages"))
+    print()
+    rows, skipped = bench_import(svg, a.runs, a.vrkplot, shlex.split(a.vrkplot_args),
+                                 not a.no_inkscape)
+    print_import_table(rows, skipped, a.runs)
+    ok = True
+    if not a.no_ordering:
+        print()
+        ok = bench_ordering(a.vrkplot)
+    sys.exit(0 if ok else 1)
+
+
+if __name__ == "__main__":
+    main()

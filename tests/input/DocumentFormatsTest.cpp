@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "host/input/VRKDocumentFormats.h"
+#include "host/input/VRKDocumentInput.h"
+#include "host/input/VRKJobDocumentReader.h"
+#include "support/RecordingGenerator.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+TEST(JobDocumentReader, KnowsAJobFileByItsFirstVerb) {
+    VRKJobDocumentReader reader;
+    EXPECT_TRUE(reader.Recognizes("Begin width=210\nEnd\n"));
+    EXPECT_TRUE(reader.Recognizes("# a plan\n\n  # more\n\tBegin\n"));
+    EXPECT_TRUE(reader.Recognizes("MoveTo 1 2\n"));
+    EXPECT_TRUE(reader.Recognizes("End\n"));
+    EXPECT_TRUE(reader.Recognizes("Begin# comment\n"));
+    EXPECT_FALSE(reader.Recognizes("<svg/>"));
+    EXPECT_FALSE(reader.Recognizes("begin\n"));
+    EXPECT_FALSE(reader.Recognizes("Beginning\n"));
+    EXPECT_FALSE(reader.Recognizes(""));
+    EXPECT_FALSE(reader.Recognizes("# only a comment"));
+    // A word the head cuts may go on past it.
+    EXPECT_FALSE(reader.Recognizes("Begin"));
+}
+
+TEST(DocumentInput, ReadsTheHeadAndTheWholeFile) {
+    TempFolder folder;
+    const std::string path = folder.File("plan.SVG");
+    std::string text(10000, 'a');
+    text[0] = '<';
+    std::ofstream(path) << text;
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error)) << error;
+    EXPECT_EQ(input.GetHead(), text.substr(0, VRKDocumentInput::kHeadSize));
+    EXPECT_EQ(input.GetExtension(), ".svg");
+    EXPECT_EQ(input.GetFolder(), folder.Path());
+    std::string all;
+    ASSERT_TRUE(input.ReadAll(all, 1 << 20, error)) << error;
+    EXPECT_EQ(all, text);
+}
+
+TEST(DocumentInput, RefusesAFileOverTheLimit) {
+    TempFolder folder;
+    const std::string path = folder.File("big.svg");
+    std::ofstream(path) << std::string((1 << 20) + 1, 'x');
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    std::string all;
+    EXPECT_FALSE(input.ReadAll(all, 1 << 20, error));
+    EXPECT_EQ(error,
+              path + ": the file is larger than 1 MiB, more than a drawing this program reads");
+}
+
+TEST(DocumentInput, AMissingFileOrAFolderIsAnError) {
+    TempFolder folder;
+    VRKDocumentInput input;
+    std::string error;
+    EXPECT_FALSE(input.Open(folder.File("none.svg"), error));
+    EXPECT_EQ(error, folder.File("none.svg") + ": cannot open the file: No such file or directory");
+    VRKDocumentInput second;
+    EXPECT_FALSE(second.Open(folder.Path(), error));
+    EXPECT_EQ(error, folder.Path() + ": cannot open the file: it is a folder");
+}
+
+TEST(DocumentFormats, AJobIsChosenByContentWhateverItsName) {
+    TempFolder folder;
+    const std::string path = folder.File("plan.txt");
+    std::ofstream(path) << "Begin width=100 height=50\nMoveTo 1 2\nLineTo 3 4\nEnd\n";
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    VRKDocumentReader* reader = VRKDocumentFormats::Choose(input, error);
+    ASSERT_NE(reader, nullptr) << error;
+    EXPECT_STREQ(reader->GetName(), "job");
+    RecordingGenerator generator;
+    VRKDocumentResult result;
+    ASSERT_TRUE(reader->Play(input, generator, {}, result)) << result.error;
+    EXPECT_EQ(generator.calls,
+              (std::vector<std::string>{"Begin w=100 h=50 o=1 r=0 c=0 m=0,0,0,0 t=0", "MoveTo 1 2",
+                                        "LineTo 3 4", "End"}));
+    EXPECT_TRUE(result.warnings.empty());
+}
+
+TEST(DocumentFormats, AJobWithALongCommentGoesByItsExtension) {
+    TempFolder folder;
+    const std::string path = folder.File("long.job");
+    std::ofstream(path) << "# " << std::string(5000, '-') << "\nBegin\nEnd\n";
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    VRKDocumentReader* reader = VRKDocumentFormats::Choose(input, error);
+    ASSERT_NE(reader, nullptr) << error;
+    EXPECT_STREQ(reader->GetName(), "job");
+    RecordingGenerator generator;
+    VRKDocumentResult result;
+    EXPECT_TRUE(reader->Play(input, generator, {}, result)) << result.error;
+    EXPECT_EQ(generator.calls.size(), 2u);
+}
+
+TEST(DocumentFormats, AnUnknownDocumentNamesTheFormatsKnown) {
+    TempFolder folder;
+    const std::string path = folder.File("notes.txt");
+    std::ofstream(path) << "hello\n";
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    EXPECT_EQ(VRKDocumentFormats::Choose(input, error), nullptr);
+    EXPECT_EQ(error, path +
+                         ": not a document this program reads (it reads job files (.job), SVG "
+                         "drawings (.svg))");
+}
+
+TEST(DocumentFormats, DrawingOptionsOnAJobAreSaidToBeUnused) {
+    TempFolder folder;
+    const std::string path = folder.File("a.job");
+    std::ofstream(path) << "Begin\nEnd\n";
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    VRKDocumentOptions options;
+    options.layout.fit = true;
+    RecordingGenerator generator;
+    VRKDocumentResult result;
+    VRKJobDocumentReader reader;
+    ASSERT_TRUE(reader.Play(input, generator, options, result));
+    EXPECT_EQ(result.warnings,
+              (std::vector<std::string>{path + ": a job file sets its own pages; --form, "
+                                               "--landscape, --fit and --margins apply to "
+                                               "drawings and are not used"}));
+}
+
+}  // namespace
