@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 corpus=fuzz/corpus
 rm -rf "$corpus"
-mkdir -p "$corpus"/{job,settings,pentables,marshal,png,printers,plotdump}
+mkdir -p "$corpus"/{job,settings,pentables,marshal,png,printers,plotdump,svg}
 
 # Jobs: the first byte chooses the language ('0' HPGL2, '1' HPGL, '2' HP1000GL2, '3' HP4000GL2).
 # The fuzzed player takes bitmaps from examples/images, so the paths lose their folder.
@@ -72,5 +72,40 @@ printf 'INPE7=<?_?_@_;PE>\xc8?\xc4:\xc2=\xc0\xc0<\xd0\xd0;' >"$corpus/plotdump/p
 printf 'DT*,1;LBlabel*DT;LBtext\x03CO"a comment";SM+PA10,10PR-5,5;SMAR1,1,90;' \
   >"$corpus/plotdump/text-forms"
 printf '\x1b*r8s8T\x1b*b3m2W\x01\x02\x1b&p3XABC\x1b*b9W\x01' >"$corpus/plotdump/escapes"
+
+# SVG drawings: small documents that reach each part of the importer (shapes, paths with every
+# command, styles and sheets, use and symbols, text, images from examples/images, and the hostile
+# kinds: entities, cycles, huge numbers).
+svg_open="<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' width='100mm' height='80mm' viewBox='0 0 100 80'>"
+printf '%s\n' "$svg_open" \
+  "<rect x='10' y='10' width='20' height='10' rx='2' fill='#f80' stroke='navy' stroke-width='0.5'/>" \
+  "<circle cx='50' cy='40' r='10' fill='none' stroke='rgb(10%,20%,30%)' stroke-dasharray='2 1'/>" \
+  "<ellipse cx='70' cy='20' rx='8' ry='4' transform='rotate(30 70 20)'/>" \
+  "<line x1='0' y1='0' x2='100' y2='80' stroke='red' stroke-linecap='round'/>" \
+  "<polyline points='0,0 10,5 20,0' fill='none' stroke='black'/><polygon points='5 5 15 5 10 15'/>" \
+  "</svg>" >"$corpus/svg/shapes.svg"
+printf '%s\n' "$svg_open" \
+  "<path d='M10 10 L20 10 l0 10 H10 h5 V30 v-5 Z m5 5 C10 0 20 10 20 20 S30 40 40 40 c0 10 10 10 10 0 s10 -10 10 0 Q30 30 60 0 T120 0 q15 15 30 0 t30 0 A20 10 30 1 0 50 50 a5 5 0 0 1 10 0 z' fill-rule='evenodd' stroke='green'/>" \
+  "</svg>" >"$corpus/svg/paths.svg"
+printf '%s\n' "$svg_open" \
+  "<style>rect { fill: green } .a, #b { stroke: blue } g rect { fill: red } @media print { x {} }</style>" \
+  "<defs><linearGradient id='g'><stop offset='0' stop-color='red'/><stop offset='1' style='stop-color: blue; stop-opacity: 0.5'/></linearGradient>" \
+  "<symbol id='s' viewBox='0 0 1 1'><rect width='1' height='1' class='a'/></symbol><g id='r'><rect id='b' width='5' height='5' fill='url(#g)'/></g></defs>" \
+  "<g fill='blue' opacity='0.5' transform='translate(5 5) scale(2) skewX(10)'><use href='#r' x='10'/><use xlink:href='#s' x='30' y='30' width='10' height='10'/></g>" \
+  "<svg x='60' y='10' width='30' height='30' viewBox='0 0 10 10' preserveAspectRatio='xMaxYMin slice'><rect width='10' height='10' style='fill: currentColor; color: teal'/></svg>" \
+  "<switch><rect width='1' height='1'/></switch><g filter='url(#f)' clip-path='url(#c)'><rect width='2' height='2'/></g>" \
+  "</svg>" >"$corpus/svg/styles.svg"
+printf '%s\n' "$svg_open" \
+  "<text x='10' y='20' font-size='5' font-family='Courier New' text-anchor='middle' font-weight='bold'>Plot <tspan x='10' dy='6' fill='red'>two</tspan> lines</text>" \
+  "<text transform='rotate(-90 50 50)' xml:space='preserve' font-family='serif'> kept  space </text>" \
+  "<image x='10' y='40' width='20' height='20' href='target.png'/>" \
+  "<image x='40' y='40' width='4' height='4' href='data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAAAAAA6fptVAAAACklEQVR4nGNgAAAAAgABSK+kcQAAAABJRU5ErkJggg=='/>" \
+  "</svg>" >"$corpus/svg/text-images.svg"
+printf '%s\n' "<?xml version='1.0'?>" "<!DOCTYPE svg [<!ENTITY a 'aaaa'><!ENTITY b '&a;&a;&a;'>]>" \
+  "<svg xmlns='http://www.w3.org/2000/svg'><text>&b;</text></svg>" >"$corpus/svg/entities.svg"
+printf '%s\n' "$svg_open" \
+  "<g id='x'><use href='#y'/></g><g id='y'><use href='#x'/></g><use href='#missing'/>" \
+  "<rect width='1e30' height='1'/><path d='M0 0 L1e300 1e300' stroke='black'/><circle r='1' transform='scale(1e308) scale(10)'/>" \
+  "</svg>" >"$corpus/svg/hostile.svg"
 
 echo "seed corpora: $(find "$corpus" -type f | wc -l) files, $(du -sk "$corpus" | cut -f1) KiB"

@@ -35,6 +35,25 @@ void RefuseEntity(void* context, const xmlChar*, int, const xmlChar*, const xmlC
     xmlStopParser(parser);
 }
 
+// libxml2 reports some errors (of encodings, say) through its generic handler, which prints on
+// standard error; while a document is read, they go nowhere (the parse fails with its own
+// message).
+void Silent(void*, const char*, ...) {}
+
+class QuietGenericErrors {
+  public:
+    QuietGenericErrors() : handler_(xmlGenericError), context_(xmlGenericErrorContext) {
+        xmlSetGenericErrorFunc(nullptr, Silent);
+    }
+    ~QuietGenericErrors() { xmlSetGenericErrorFunc(context_, handler_); }
+    QuietGenericErrors(const QuietGenericErrors&) = delete;
+    QuietGenericErrors& operator=(const QuietGenericErrors&) = delete;
+
+  private:
+    xmlGenericErrorFunc handler_;
+    void* context_;
+};
+
 xmlParserInputPtr ResolveNothing(void*, const xmlChar*, const xmlChar*) {
     return nullptr;
 }
@@ -109,6 +128,12 @@ std::string Trimmed(const char* message) {
     while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) {
         text.pop_back();
     }
+    // One line: libxml2 breaks some messages in two.
+    for (char& c : text) {
+        if (c == '\n' || c == '\r') {
+            c = ' ';
+        }
+    }
     return text;
 }
 
@@ -122,6 +147,7 @@ bool VRKSvgDocument::Parse(std::string_view text, std::string& error, int& error
         error = "the file is too large to be read";
         return false;
     }
+    const QuietGenericErrors quiet;
     xmlParserCtxtPtr parser = xmlNewParserCtxt();
     if (parser == nullptr) {
         error = "out of memory";
@@ -165,11 +191,20 @@ bool VRKSvgDocument::Parse(std::string_view text, std::string& error, int& error
             good = false;
         } else if (std::strcmp(Chars(root->name), "svg") != 0 || !InSvgNamespace(root)) {
             errorLine = static_cast<int>(std::min<long>(xmlGetLineNo(root), INT_MAX));
-            error = std::string("the root element is <") + Chars(root->name) + ">, not <svg>";
+            error = std::strcmp(Chars(root->name), "svg") == 0
+                        ? std::string("the root element <svg> is not of the SVG namespace")
+                        : std::string("the root element is <") + Chars(root->name) + ">, not <svg>";
             good = false;
         } else {
-            root_ = Convert(root, nullptr);
-            IndexIds(*root_);
+            try {
+                root_ = Convert(root, nullptr);
+                IndexIds(*root_);
+            } catch (...) {
+                root_.reset();
+                xmlFreeDoc(document);
+                xmlFreeParserCtxt(parser);
+                throw;
+            }
         }
     }
     if (document != nullptr) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <filesystem>
 
 #include "host/core/VRKPixelImage.h"
 #include "host/core/VRKSmartRef.h"
@@ -99,6 +100,13 @@ void VRKSvgRenderer::Image(const VRKSvgNode& node, const State& state) {
         }
         if (path.empty() || path[0] != '/') {
             path = baseFolder_ + "/" + path;
+        }
+        // Only regular files: a device or a pipe named by a drawing is never opened.
+        std::error_code ignored;
+        if (!std::filesystem::is_regular_file(path, ignored)) {
+            Fail(node, "the image file '" + *link + "' cannot be read as PNG: " +
+                           (std::filesystem::exists(path, ignored) ? "it is not a regular file"
+                                                                   : "there is no such file"));
         }
         image = VRKSmartRef<VRKPixelImage>::Adopt(VRKPngReader::ReadFile(path, error));
         if (!image) {

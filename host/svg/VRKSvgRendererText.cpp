@@ -110,8 +110,12 @@ void VRKSvgRenderer::Text(const VRKSvgNode& node, const State& state) {
                     continue;
                 }
                 const std::string& name = child->name;
+                if (name == "title" || name == "desc" || name == "metadata") {
+                    continue;
+                }
                 if (name != "tspan" && name != "textPath" && name != "a") {
-                    Element(*child, state);  // reports what it is; nothing else draws in text
+                    Warn("text-content", *child,
+                         "only text and <tspan> are drawn inside <text>; <" + name + "> is not");
                     continue;
                 }
                 if (name == "textPath") {

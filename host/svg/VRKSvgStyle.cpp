@@ -223,7 +223,11 @@ void VRKSvgStyle::Apply(const std::string& name, std::string_view value, const V
     } else if (name == "display") {
         display = value != "none";
     } else if (name == "visibility") {
-        visible = value == "visible";
+        if (value == "visible") {
+            visible = true;
+        } else if (value == "hidden" || value == "collapse") {
+            visible = false;
+        }
     } else if (name == "xml:space") {
         preserveSpace = value == "preserve";
     }

@@ -2,6 +2,7 @@
 
 #include <boost/array.hpp>
 #include <boost/range/iterator_range.hpp>
+#include <cmath>
 #include <exception>
 #include <string>
 #include <svgpp/parser/color.hpp>
@@ -19,11 +20,33 @@ Range AsRange(std::string_view text) {
     return Range(text.data(), text.data() + text.size());
 }
 
+// The grammars take ASCII only (Spirit's character classes are undefined for other bytes): a value
+// is read up to its first byte that is not ASCII, which is an error in any of them.
+std::size_t AsciiLength(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) {
+        ++length;
+    }
+    return length;
+}
+
 // A parse error is a false result, never an exception.
 struct QuietErrors {
     template <class Context, class AttributeTag, class AttributeValue>
     static bool parse_failed(Context const&, AttributeTag, AttributeValue const&) {
         return false;
+    }
+};
+
+// Colours as 0xRRGGBB; percentages rounded to the nearest level (50% is 128).
+struct RoundingColorFactory : svgpp::factory::color::integer_base<int> {
+    typedef double percentage_type;
+    static int create_from_percent(double r, double g, double b) {
+        return create(Level(r), Level(g), Level(b));
+    }
+    static unsigned char Level(double percent) {
+        const double clamped = percent > 100.0 ? 100.0 : (percent < 0.0 ? 0.0 : percent);
+        return static_cast<unsigned char>(std::lround(clamped * 255.0 / 100.0));
     }
 };
 
@@ -154,17 +177,22 @@ class ColorContext {
 bool VRKSvgValueParser::ParsePath(std::string_view data, VRKSvgPathSink& sink) {
     try {
         PathContext context(sink);
-        return svgpp::value_parser<
+        const std::size_t ascii = AsciiLength(data);
+        const bool parsed = svgpp::value_parser<
             svgpp::tag::type::path_data, svgpp::path_policy<svgpp::policy::path::no_shorthands>,
             svgpp::error_policy<QuietErrors>>::parse(svgpp::tag::attribute::d(), context,
-                                                     AsRange(data),
+                                                     AsRange(data.substr(0, ascii)),
                                                      svgpp::tag::source::attribute());
+        return parsed && ascii == data.size();
     } catch (const std::exception&) {
         return false;
     }
 }
 
 bool VRKSvgValueParser::ParseTransform(std::string_view text, VRKSvgMatrix& matrix) {
+    if (AsciiLength(text) != text.size()) {
+        return false;
+    }
     try {
         TransformContext context;
         if (!svgpp::value_parser<
@@ -183,11 +211,16 @@ bool VRKSvgValueParser::ParseTransform(std::string_view text, VRKSvgMatrix& matr
 }
 
 bool VRKSvgValueParser::ParseColor(std::string_view text, VRKDrawingColor& color) {
+    if (AsciiLength(text) != text.size()) {
+        return false;
+    }
     try {
         ColorContext context;
-        if (!svgpp::value_parser<svgpp::tag::type::color, svgpp::error_policy<QuietErrors>>::parse(
-                svgpp::tag::attribute::color(), context, AsRange(text),
-                svgpp::tag::source::attribute())) {
+        if (!svgpp::value_parser<
+                svgpp::tag::type::color, svgpp::color_factory<RoundingColorFactory>,
+                svgpp::error_policy<QuietErrors>>::parse(svgpp::tag::attribute::color(), context,
+                                                         AsRange(text),
+                                                         svgpp::tag::source::attribute())) {
             return false;
         }
         color = context.color;
@@ -198,11 +231,16 @@ bool VRKSvgValueParser::ParseColor(std::string_view text, VRKDrawingColor& color
 }
 
 bool VRKSvgValueParser::ParsePaint(std::string_view text, VRKSvgPaint& paint) {
+    if (AsciiLength(text) != text.size()) {
+        return false;
+    }
     try {
         PaintContext context;
-        if (!svgpp::value_parser<svgpp::tag::type::paint, svgpp::error_policy<QuietErrors>>::parse(
-                svgpp::tag::attribute::fill(), context, AsRange(text),
-                svgpp::tag::source::attribute()) ||
+        if (!svgpp::value_parser<
+                svgpp::tag::type::paint, svgpp::color_factory<RoundingColorFactory>,
+                svgpp::error_policy<QuietErrors>>::parse(svgpp::tag::attribute::fill(), context,
+                                                         AsRange(text),
+                                                         svgpp::tag::source::attribute()) ||
             context.inherit) {
             return false;
         }
