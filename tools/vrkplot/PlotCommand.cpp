@@ -13,7 +13,7 @@
 #include "host/printers/VRKPrinterManager.h"
 #include "host/xml/VRKGeneratorSettings.h"
 #include "host/xml/VRKLightXmlFile.h"
-#include "tools/vrkplot/JobPlotter.h"
+#include "tools/vrkplot/DocumentPlotter.h"
 #include "tools/vrkplot/Languages.h"
 
 namespace {
@@ -63,7 +63,7 @@ int PlotCommand::Run() const {
     }
 
     // The printer: its language, settings and destination.
-    std::vector<JobPlotter::Settings> settings;
+    std::vector<DocumentPlotter::Settings> settings;
     std::string languageName = language;
     std::optional<VRKDestination> destination;
     // Where the printer's language and settings come from, for messages about them.
@@ -137,7 +137,7 @@ int PlotCommand::Run() const {
         order.empty() ? entry->language == std::string("HPGL") : order == "travel";
     documentOptions.stats = stats;
 
-    JobPlotter plotter(*entry, settings);
+    DocumentPlotter plotter(*entry, settings);
     plotter.SetDocumentOptions(documentOptions);
     VRKBaseUnknown* generator = plotter.MakeGenerator();
     if (generator == nullptr) {
@@ -151,7 +151,7 @@ int PlotCommand::Run() const {
             return fail(output + ": " + error);
         }
     }
-    if (destination.has_value() && jobs.size() > 1 && JobPlotter::WritesFile(*destination)) {
+    if (destination.has_value() && jobs.size() > 1 && DocumentPlotter::WritesFile(*destination)) {
         generator->Release();
         if (haveOutput) {
             return fail("-o goes with a single job file when it names a file; " +
@@ -222,11 +222,11 @@ VRKBaseUnknown* PlotCommand::SettingsGenerator(const std::string& language,
     if (entry == nullptr) {
         return nullptr;
     }
-    std::vector<JobPlotter::Settings> settings;
+    std::vector<DocumentPlotter::Settings> settings;
     if (readFile) {
         settings.push_back({file, settingsPath});
     }
-    return JobPlotter(*entry, settings).MakeGenerator();
+    return DocumentPlotter(*entry, settings).MakeGenerator();
 }
 
 int PlotCommand::PrintSettings(const std::string& language, const std::string& settingsPath) {

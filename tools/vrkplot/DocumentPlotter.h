@@ -16,7 +16,7 @@ class VRKBaseUnknown;
 // destination, and says what it did: one line per plot ("plan.svg -> plan.plt (HPGL2, 23 KB)")
 // unless quiet; errors, and what a drawing holds that cannot be drawn as it asks, on standard
 // error.
-class JobPlotter {
+class DocumentPlotter {
   public:
     // Settings read into every generator before its job, in order: a printer's, then a file's.
     struct Settings {
@@ -24,7 +24,7 @@ class JobPlotter {
         std::string source;
     };
 
-    JobPlotter(const VRKClassEntry& language, std::vector<Settings> settings);
+    DocumentPlotter(const VRKClassEntry& language, std::vector<Settings> settings);
 
     void SetOptions(const VRKJobOutput::Options& options) { options_ = options; }
     // How drawings are laid out and ordered.
@@ -36,7 +36,7 @@ class JobPlotter {
     // The name of the printer the plots go to, for those lines.
     void SetPrinterName(const std::string& name) { printerName_ = name; }
     // The job name for every plot; empty: the output file's path as given, or, for a plot that is
-    // sent rather than written, the job file's name.
+    // sent rather than written, the document's name.
     void SetJobName(const std::string& name) { jobName_ = name; }
 
     // True when plots to `destination` replace a file (a new or existing one, or one a link
@@ -46,9 +46,9 @@ class JobPlotter {
     // A generator of the language with the settings read into it, or null after printing why
     // not. The caller releases it.
     VRKBaseUnknown* MakeGenerator() const;
-    // Plots the document `job` ("-": standard input) to `destination`; prints the error and
+    // Plots the document `document` ("-": standard input) to `destination`; prints the error and
     // returns false when it cannot.
-    bool Plot(const std::string& job, const VRKDestination& destination) const;
+    bool Plot(const std::string& document, const VRKDestination& destination) const;
 
   private:
     const VRKClassEntry& language_;

@@ -1,4 +1,4 @@
-#include "tools/vrkplot/JobPlotter.h"
+#include "tools/vrkplot/DocumentPlotter.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -51,7 +51,7 @@ void printTravel(std::ostream& out, const std::string& name, const VRKDocumentRe
 
 }  // namespace
 
-bool JobPlotter::WritesFile(const VRKDestination& destination) {
+bool DocumentPlotter::WritesFile(const VRKDestination& destination) {
     if (destination.kind != VRKDestination::Kind::kPath) {
         return false;
     }
@@ -61,10 +61,10 @@ bool JobPlotter::WritesFile(const VRKDestination& destination) {
            target.GetKind() != VRKOutputPath::Kind::kInPlace;
 }
 
-JobPlotter::JobPlotter(const VRKClassEntry& language, std::vector<Settings> settings)
+DocumentPlotter::DocumentPlotter(const VRKClassEntry& language, std::vector<Settings> settings)
     : language_(language), settings_(std::move(settings)) {}
 
-VRKBaseUnknown* JobPlotter::MakeGenerator() const {
+VRKBaseUnknown* DocumentPlotter::MakeGenerator() const {
     VRKBaseUnknown* generator = language_.factory != nullptr ? language_.factory() : nullptr;
     if (generator == nullptr) {
         std::cerr << "vrkplot: cannot create a generator for the language " << language_.language
@@ -84,7 +84,7 @@ VRKBaseUnknown* JobPlotter::MakeGenerator() const {
     return generator;
 }
 
-bool JobPlotter::Plot(const std::string& job, const VRKDestination& destination) const {
+bool DocumentPlotter::Plot(const std::string& job, const VRKDestination& destination) const {
     if (destination.kind == VRKDestination::Kind::kPath && job != "-" &&
         sameFile(job, destination.path)) {
         std::cerr << "vrkplot: " << destination.path << ": the output is the job file itself\n";
