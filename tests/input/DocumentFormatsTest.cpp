@@ -67,39 +67,64 @@ TEST(DocumentInput, AMissingFileOrAFolderIsAnError) {
     EXPECT_EQ(error, folder.Path() + ": cannot open the file: it is a folder");
 }
 
-TEST(DocumentFormats, AJobIsChosenByContentWhateverItsName) {
-    TempFolder folder;
-    const std::string path = folder.File("plan.txt");
-    std::ofstream(path) << "Begin width=100 height=50\nMoveTo 1 2\nLineTo 3 4\nEnd\n";
-    VRKDocumentInput input;
+// A document written as `name` with `text`, its reader chosen and played into a recording
+// generator.
+struct Played {
+    std::string reader;
     std::string error;
-    ASSERT_TRUE(input.Open(path, error));
-    VRKDocumentReader* reader = VRKDocumentFormats::Choose(input, error);
-    ASSERT_NE(reader, nullptr) << error;
-    EXPECT_STREQ(reader->GetName(), "job");
+    bool played = false;
     RecordingGenerator generator;
     VRKDocumentResult result;
-    ASSERT_TRUE(reader->Play(input, generator, {}, result)) << result.error;
-    EXPECT_EQ(generator.calls,
+};
+
+void play(const TempFolder& folder, const std::string& name, const std::string& text,
+          Played& played) {
+    const std::string path = folder.File(name);
+    std::ofstream(path) << text;
+    VRKDocumentInput input;
+    if (!input.Open(path, played.error)) {
+        return;
+    }
+    VRKDocumentReader* reader = VRKDocumentFormats::Choose(input, played.error);
+    if (reader == nullptr) {
+        return;
+    }
+    played.reader = reader->GetName();
+    played.played = reader->Play(input, played.generator, {}, played.result);
+}
+
+TEST(DocumentFormats, AJobIsChosenByContentWhateverItsName) {
+    TempFolder folder;
+    Played p;
+    play(folder, "plan.txt", "Begin width=100 height=50\nMoveTo 1 2\nLineTo 3 4\nEnd\n", p);
+    EXPECT_EQ(p.reader, "job") << p.error;
+    ASSERT_TRUE(p.played) << p.result.error;
+    EXPECT_EQ(p.generator.calls,
               (std::vector<std::string>{"Begin w=100 h=50 o=1 r=0 c=0 m=0,0,0,0 t=0", "MoveTo 1 2",
                                         "LineTo 3 4", "End"}));
-    EXPECT_TRUE(result.warnings.empty());
+    EXPECT_TRUE(p.result.warnings.empty());
 }
 
 TEST(DocumentFormats, AJobWithALongCommentGoesByItsExtension) {
     TempFolder folder;
-    const std::string path = folder.File("long.job");
-    std::ofstream(path) << "# " << std::string(5000, '-') << "\nBegin\nEnd\n";
-    VRKDocumentInput input;
-    std::string error;
-    ASSERT_TRUE(input.Open(path, error));
-    VRKDocumentReader* reader = VRKDocumentFormats::Choose(input, error);
-    ASSERT_NE(reader, nullptr) << error;
-    EXPECT_STREQ(reader->GetName(), "job");
-    RecordingGenerator generator;
-    VRKDocumentResult result;
-    EXPECT_TRUE(reader->Play(input, generator, {}, result)) << result.error;
-    EXPECT_EQ(generator.calls.size(), 2u);
+    Played p;
+    play(folder, "long.job", "# " + std::string(5000, '-') + "\nBegin\nEnd\n", p);
+    EXPECT_EQ(p.reader, "job") << p.error;
+    EXPECT_TRUE(p.played) << p.result.error;
+    EXPECT_EQ(p.generator.calls.size(), 2u);
+}
+
+TEST(DocumentFormats, AnSvgDrawingIsChosenByItsRootElement) {
+    TempFolder folder;
+    Played p;
+    play(folder, "plan.drawing",
+         "<?xml version=\"1.0\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"20mm\" "
+         "height=\"10mm\"/>\n",
+         p);
+    EXPECT_EQ(p.reader, "SVG") << p.error;
+    ASSERT_TRUE(p.played) << p.result.error;
+    EXPECT_EQ(p.generator.calls,
+              (std::vector<std::string>{"Begin w=20 h=10 o=1 r=0 c=0 m=0,0,0,0 t=0", "End"}));
 }
 
 TEST(DocumentFormats, AnUnknownDocumentNamesTheFormatsKnown) {
