@@ -169,7 +169,8 @@ bool VRKSvgImporter::Read(std::string_view text, const std::string& name,
     if (!document.Parse(text, message, line)) {
         return fail(line, message);
     }
-    VRKSvgRenderer renderer(document, name, baseFolder, drawing, warnings_);
+    VRKSvgRenderer renderer(document, name, baseFolder, drawing, warnings_, maxPoints_,
+                            maxElements_);
     if (!renderer.Render(message, line)) {
         return fail(line, message);
     }

@@ -16,6 +16,15 @@ class VRKSvgImporter {
   public:
     // Files larger than this are refused before they are read.
     static constexpr std::size_t kMaxFileBytes = std::size_t{1} << 30;
+    // What one drawing may take: points of strokes and fills, and elements drawn (the copies
+    // `use` makes included). Beyond either, the file is refused.
+    static constexpr std::size_t kMaxPoints = 20000000;
+    static constexpr std::size_t kMaxElements = 4000000;
+    // Lowers (or restores) the two bounds above for the files read next.
+    void SetLimits(std::size_t maxPoints, std::size_t maxElements) {
+        maxPoints_ = maxPoints;
+        maxElements_ = maxElements;
+    }
 
     // Reads the SVG file at `path` into `drawing` (which it clears first). Linked images are
     // taken relative to the file's folder. False with GetError() set when the file cannot be
@@ -39,6 +48,8 @@ class VRKSvgImporter {
   private:
     std::string error_;
     std::vector<std::string> warnings_;
+    std::size_t maxPoints_ = kMaxPoints;
+    std::size_t maxElements_ = kMaxElements;
 
     bool Read(std::string_view text, const std::string& name, const std::string& baseFolder,
               VRKDrawing& drawing);

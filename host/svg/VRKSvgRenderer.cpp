@@ -54,12 +54,15 @@ double VRKSvgRenderer::State::Diagonal() const {
 
 VRKSvgRenderer::VRKSvgRenderer(const VRKSvgDocument& document, const std::string& name,
                                const std::string& baseFolder, VRKDrawing& drawing,
-                               std::vector<std::string>& warnings)
+                               std::vector<std::string>& warnings, std::size_t maxPoints,
+                               std::size_t maxElements)
     : document_(document),
       name_(name),
       baseFolder_(baseFolder),
       drawing_(drawing),
-      warnings_(warnings) {}
+      warnings_(warnings),
+      maxPoints_(maxPoints),
+      maxElements_(maxElements) {}
 
 bool VRKSvgRenderer::Render(std::string& error, int& errorLine) {
     drawing_ = VRKDrawing();
@@ -398,8 +401,8 @@ void VRKSvgRenderer::Element(const VRKSvgNode& node, const State& parent) {
         Warn("script", node, "scripts are not run");
         return;
     }
-    if (++elements_ > kMaxElements) {
-        Fail(node, "the drawing has more than " + std::to_string(kMaxElements) +
+    if (++elements_ > maxElements_) {
+        Fail(node, "the drawing has more than " + std::to_string(maxElements_) +
                        " elements once its <use> copies are made");
     }
     if (stack_.size() >= static_cast<std::size_t>(kMaxDepth)) {

@@ -21,15 +21,16 @@ class VRKSvgPath;
 // (VRKSvgRendererImage.cpp).
 class VRKSvgRenderer {
   public:
-    static constexpr int kMaxDepth = 256;                 // elements and use within each other
-    static constexpr std::size_t kMaxPoints = 20000000;   // points in the drawing
-    static constexpr std::size_t kMaxElements = 4000000;  // elements drawn, use copies included
-    static constexpr double kLimit = 1e7;                 // millimetres from the page's origin
-    static constexpr double kTolerance = 0.01;            // of flattened curves, millimetres
+    static constexpr int kMaxDepth = 256;       // elements and use within each other
+    static constexpr double kLimit = 1e7;       // millimetres from the page's origin
+    static constexpr double kTolerance = 0.01;  // of flattened curves, millimetres
 
+    // `maxPoints` bounds the points of the drawing, `maxElements` the elements drawn (the copies
+    // `use` makes included).
     VRKSvgRenderer(const VRKSvgDocument& document, const std::string& name,
                    const std::string& baseFolder, VRKDrawing& drawing,
-                   std::vector<std::string>& warnings);
+                   std::vector<std::string>& warnings, std::size_t maxPoints,
+                   std::size_t maxElements);
     // Fills the drawing (cleared first). False with `error` and `errorLine` when the document
     // cannot be drawn.
     bool Render(std::string& error, int& errorLine);
@@ -59,6 +60,8 @@ class VRKSvgRenderer {
     std::vector<const VRKSvgNode*> stack_;
     std::set<std::string> warned_;
     std::size_t elements_ = 0;
+    std::size_t maxPoints_;
+    std::size_t maxElements_;
 
     // Structure.
     void CollectSheets(const VRKSvgNode& node);

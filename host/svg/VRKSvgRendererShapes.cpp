@@ -26,8 +26,8 @@ bool AllEqual(const std::vector<VRKDrawingPoint>& points) {
 }  // namespace
 
 void VRKSvgRenderer::Reserve(const VRKSvgNode& node, std::size_t points) {
-    if (drawing_.points.size() + points > kMaxPoints) {
-        Fail(node, "the drawing has more than " + std::to_string(kMaxPoints) + " points");
+    if (drawing_.points.size() + points > maxPoints_) {
+        Fail(node, "the drawing has more than " + std::to_string(maxPoints_) + " points");
     }
 }
 
@@ -176,9 +176,9 @@ void VRKSvgRenderer::DrawPath(VRKSvgPath& path, const VRKSvgNode& node, const St
     if (Paint(style.fill, style.opacity * style.fillOpacity, node, state, fillColor)) {
         std::vector<VRKDrawingPoint> points;
         std::vector<std::uint32_t> sizes;
-        const std::size_t room = kMaxPoints - std::min(kMaxPoints, drawing_.points.size());
+        const std::size_t room = maxPoints_ - std::min(maxPoints_, drawing_.points.size());
         if (!path.Rings(kTolerance, room, points, sizes)) {
-            Reserve(node, kMaxPoints + 1);
+            Reserve(node, maxPoints_ + 1);
         }
         if (!sizes.empty()) {
             drawing_.AddFill(fillColor, style.fillRule, points, sizes);

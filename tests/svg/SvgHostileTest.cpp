@@ -86,18 +86,30 @@ TEST(SvgErrors, UseNestingTooDeepThroughCopies) {
         << r.error;
 }
 
-TEST(SvgErrors, ExponentialUseIsBounded) {
+// Each level uses the one below twice: 2^29 copies of the path if nothing stopped them.
+std::string UseBomb() {
     std::string doc = "<defs><path id='u0' d='M0 0 L1 1 L2 0 L3 1 L4 0' stroke='black'/>";
     for (int i = 1; i < 30; ++i) {
         const std::string below = "#u" + std::to_string(i - 1);
-        doc += "<g id='u" + std::to_string(i) + "'><use href='" + below + "'/><use href='" + below +
-               "'/></g>";
+        doc += "<g id='u" + std::to_string(i) + "'><use href='" + below + "'/><use href='" +
+               below + "'/></g>";
     }
-    doc += "</defs><use href='#u29'/>";
-    const SvgResult r = ReadSvg(Page(doc));
+    return Page(doc + "</defs><use href='#u29'/>");
+}
+
+TEST(SvgErrors, UseCopiesAreBoundedByElements) {
+    const SvgResult r = ReadSvg(UseBomb(), "", VRKSvgImporter::kMaxPoints, 1000);
     EXPECT_FALSE(r.ok);
+    EXPECT_EQ(r.error,
+              "test.svg:1: the drawing has more than 1000 elements once its <use> copies are made");
     EXPECT_TRUE(r.drawing.items.empty());
-    EXPECT_FALSE(r.error.empty());
+}
+
+TEST(SvgErrors, UseCopiesAreBoundedByPoints) {
+    const SvgResult r = ReadSvg(UseBomb(), "", 1000, VRKSvgImporter::kMaxElements);
+    EXPECT_FALSE(r.ok);
+    EXPECT_EQ(r.error, "test.svg:1: the drawing has more than 1000 points");
+    EXPECT_TRUE(r.drawing.items.empty());
 }
 
 TEST(SvgErrors, UseOfItselfOrAnAncestor) {
@@ -142,19 +154,16 @@ TEST(SvgErrors, HugeNumbersAreSkippedWithAWarning) {
               "beyond 10 km; the element is skipped");
 }
 
-TEST(SvgErrors, TooManyPointsIsAnError) {
-    std::string d = "M0 0";
-    for (int i = 0; i < 1000; ++i) {
-        d += " C0 0 100 100 " + std::to_string(i % 2 * 100) + " 0";
-    }
-    std::string doc;
-    for (int i = 0; i < 100; ++i) {
-        doc += "<path d='" + d + "' transform='scale(100000)'/>";
-    }
-    const SvgResult r = ReadSvg(Page(doc));
+TEST(SvgErrors, FlattenedCurvesAreBoundedByPoints) {
+    // One curve of 100 m flattened within 0.01 mm takes thousands of points.
+    const SvgResult r = ReadSvg(Page("<path d='M0 0 C0 0 100000 100000 100000 0'/>"), "", 2000,
+                                VRKSvgImporter::kMaxElements);
     EXPECT_FALSE(r.ok);
-    EXPECT_EQ(r.error, "test.svg:1: the drawing has more than 20000000 points");
+    EXPECT_EQ(r.error, "test.svg:1: the drawing has more than 2000 points");
     EXPECT_TRUE(r.drawing.points.empty());
+    EXPECT_TRUE(
+        ReadSvg(Page("<path d='M0 0 C0 0 100 100 100 0'/>"), "", 2000, VRKSvgImporter::kMaxElements)
+            .ok);
 }
 
 TEST(SvgErrors, UnsupportedFeaturesAreReportedOncePerKind) {

@@ -14,8 +14,11 @@ struct SvgResult {
     std::vector<std::string> warnings;
 };
 
-inline SvgResult ReadSvg(const std::string& text, const std::string& baseFolder = "") {
+inline SvgResult ReadSvg(const std::string& text, const std::string& baseFolder = "",
+                         std::size_t maxPoints = VRKSvgImporter::kMaxPoints,
+                         std::size_t maxElements = VRKSvgImporter::kMaxElements) {
     VRKSvgImporter importer;
+    importer.SetLimits(maxPoints, maxElements);
     SvgResult result;
     result.ok = importer.ReadMemory(text, "test.svg", baseFolder, result.drawing);
     result.error = importer.GetError();
