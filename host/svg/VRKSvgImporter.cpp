@@ -123,14 +123,8 @@ bool VRKSvgImporter::ReadFile(const std::string& path, VRKDrawing& drawing) {
             return false;
         }
         return Read(text, name, FolderOf(path), drawing);
-    } catch (const std::bad_alloc&) {
-        drawing = VRKDrawing();
-        error_ = name + ": not enough memory to read the drawing";
-        return false;
     } catch (const std::exception& exception) {
-        drawing = VRKDrawing();
-        error_ = name + ": " + exception.what();
-        return false;
+        return Failed(exception, name, drawing);
     }
 }
 
@@ -141,15 +135,19 @@ bool VRKSvgImporter::ReadMemory(std::string_view text, const std::string& name,
     try {
         drawing = VRKDrawing();
         return Read(text, name, baseFolder, drawing);
-    } catch (const std::bad_alloc&) {
-        drawing = VRKDrawing();
-        error_ = name + ": not enough memory to read the drawing";
-        return false;
     } catch (const std::exception& exception) {
-        drawing = VRKDrawing();
-        error_ = name + ": " + exception.what();
-        return false;
+        return Failed(exception, name, drawing);
     }
+}
+
+bool VRKSvgImporter::Failed(const std::exception& exception, const std::string& name,
+                            VRKDrawing& drawing) {
+    drawing = VRKDrawing();
+    error_ = name + ": " +
+             (dynamic_cast<const std::bad_alloc*>(&exception) != nullptr
+                  ? std::string("not enough memory to read the drawing")
+                  : std::string(exception.what()));
+    return false;
 }
 
 bool VRKSvgImporter::Read(std::string_view text, const std::string& name,

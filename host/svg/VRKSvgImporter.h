@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,4 +54,7 @@ class VRKSvgImporter {
 
     bool Read(std::string_view text, const std::string& name, const std::string& baseFolder,
               VRKDrawing& drawing);
+    // An exception that stopped the reading as the error ("not enough memory" for bad_alloc),
+    // with the drawing emptied; false.
+    bool Failed(const std::exception& exception, const std::string& name, VRKDrawing& drawing);
 };
