@@ -13,11 +13,11 @@ Usage: bench/svg-import.py [--runs N] [--warmup N] [--vrkplot PATH] [--svg FILE]
    is a fresh process; its wall time is measured around it and its peak resident memory is the
    ru_maxrss that GNU time (/usr/bin/time -f %M) reports for it, or, without GNU time, that
    wait4 returns. Inkscape's HPGL export runs in a Python process that Inkscape starts detached
-   (its parent becomes init), so the figure is the Inkscape process's alone. On the large
-   drawing that export takes well over half an hour a run (its output grows by string
-   concatenation); a run still going after --inkscape-timeout seconds is stopped, its process
-   group with it, and reported. --svg with a smaller drawing (make-large-svg.py --paths 1000)
-   gives Inkscape figures in a minute or two. Prints a table with the median and the fastest
+   (its parent becomes init), so the figure is the Inkscape process's alone. That export's time
+   grows with about the square of the drawing: some 80 s for 1,000 paths, and the large drawing
+   does not finish in any useful time, so a run still going after --inkscape-timeout seconds is
+   stopped, its process group with it, and reported. --svg with a smaller drawing
+   (make-large-svg.py OUT --paths 1000) gives Inkscape figures in a few minutes. Prints a table with the median and the fastest
    wall time, the peak memory and the output bytes of each, and Inkscape's figures over
    vrkplot's. Without Inkscape, or when its export fails, it says so and goes on.
 3. Plots examples/svg/generative.svg with `-l HPGL --stats` and prints the pen-down length, the
