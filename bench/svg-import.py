@@ -17,9 +17,10 @@ Usage: bench/svg-import.py [--runs N] [--warmup N] [--vrkplot PATH] [--svg FILE]
    grows with about the square of the drawing: some 80 s for 1,000 paths, and the large drawing
    does not finish in any useful time, so a run still going after --inkscape-timeout seconds is
    stopped, its process group with it, and reported. --svg with a smaller drawing
-   (make-large-svg.py OUT --paths 1000) gives Inkscape figures in a few minutes. Prints a table with the median and the fastest
-   wall time, the peak memory and the output bytes of each, and Inkscape's figures over
-   vrkplot's. Without Inkscape, or when its export fails, it says so and goes on.
+   (make-large-svg.py OUT --paths 1000) gives Inkscape figures in a few minutes.
+   Prints a table with the median and the fastest wall time, the peak memory and the output
+   bytes of each, and Inkscape's figures over vrkplot's. Without Inkscape, or when its export
+   fails, it says so and goes on.
 3. Plots examples/svg/generative.svg with `-l HPGL --stats` and prints the pen-down length, the
    pen-up travel and the pen changes before and after ordering, as read from the --stats
    output, and whether ordering cuts the pen-up travel by at least half.
