@@ -215,7 +215,7 @@ def print_import_table(rows, skipped, runs):
     print("| Program | median s | fastest s | peak RSS MiB | output bytes |")
     print("|---|---:|---:|---:|---:|")
     for row in rows:
-        print("| %s | %.2f | %.2f | %.1f | %s |" % (row["program"], row["median"], row["fastest"],
+        print("| %s | %.3f | %.3f | %.1f | %s |" % (row["program"], row["median"], row["fastest"],
                                                    row["peak"], "{:,}".format(row["bytes"])))
     print()
     for row in rows:
@@ -292,12 +292,11 @@ def bench_ordering(vrkplot):
     print("|---|---:|---:|---:|")
     for measure in MEASURES:
         before, after = stats[measure].get("before"), stats[measure].get("after")
-        unit = "" if measure == "pen changes" else " mm"
+        form = "%d" if measure == "pen changes" else "%.1f mm"
         change = ("%+.1f%%" % (100.0 * (after - before) / before)
                   if before and after is not None else "-")
-        print("| %s | %s | %s | %s |" % (
-            measure, "-" if before is None else "%.1f%s" % (before, unit),
-            "-" if after is None else "%.1f%s" % (after, unit), change))
+        print("| %s | %s | %s | %s |" % (measure, "-" if before is None else form % before,
+                                         "-" if after is None else form % after, change))
     up = stats["pen-up"]
     if "before" not in up or "after" not in up:
         print("could not read the pen-up travel before and after ordering from the output above "
