@@ -132,7 +132,7 @@ def run_once(cmd, output, timeout=None):
         start = time.monotonic()
         try:
             process = subprocess.Popen(measured, stdin=subprocess.DEVNULL, stdout=out, stderr=err,
-                                       start_new_session=True)
+                                       process_group=0)
         except OSError as e:
             return 127, 0.0, 0.0, "", str(e)
         timed_out = False
