@@ -2,7 +2,8 @@
 """Whole-program SVG import benchmark: vrkplot beside Inkscape's HPGL export on a large drawing.
 
 Usage: bench/svg-import.py [--runs N] [--warmup N] [--vrkplot PATH] [--svg FILE]
-                           [--vrkplot-args ARGS] [--no-inkscape] [--no-ordering]
+                           [--vrkplot-args ARGS] [--no-inkscape] [--inkscape-timeout S]
+                           [--no-ordering]
 
 1. The large drawing: about a million path segments (100,000 paths of 10 lines, Béziers and
    arcs), written once by bench/svg/make-large-svg.py, or the file given with --svg.
@@ -12,10 +13,14 @@ Usage: bench/svg-import.py [--runs N] [--warmup N] [--vrkplot PATH] [--svg FILE]
    is a fresh process; its wall time is measured around it and its peak resident memory is the
    ru_maxrss that GNU time (/usr/bin/time -f %M) reports for it, or, without GNU time, that
    wait4 returns. Inkscape's HPGL export runs in a Python process that Inkscape starts detached
-   (its parent becomes init), so the figure is the Inkscape process's alone; on the large
-   drawing Inkscape takes minutes a run. Prints a table with the median and the fastest
-   wall time, the peak memory and the output bytes of each, and Inkscape's figures over
-   vrkplot's. Without Inkscape, or when its export fails, it says so and goes on.
+   (its parent becomes init), so the figure is the Inkscape process's alone. That export's time
+   grows with about the square of the drawing: some 80 s for 1,000 paths, and the large drawing
+   does not finish in any useful time, so a run still going after --inkscape-timeout seconds is
+   stopped, its process group with it, and reported. --svg with a smaller drawing
+   (make-large-svg.py OUT --paths 1000) gives Inkscape figures in a few minutes.
+   Prints a table with the median and the fastest wall time, the peak memory and the output
+   bytes of each, and Inkscape's figures over vrkplot's. Without Inkscape, or when its export
+   fails, it says so and goes on.
 3. Plots examples/svg/generative.svg with `-l HPGL --stats` and prints the pen-down length, the
    pen-up travel and the pen changes before and after ordering, as read from the --stats
    output, and whether ordering cuts the pen-up travel by at least half.
@@ -34,6 +39,7 @@ import os
 import re
 import shlex
 import shutil
+import signal
 import statistics
 import subprocess
 import sys
@@ -108,8 +114,11 @@ def large_svg():
     return path
 
 
-def run_once(cmd, output):
+def run_once(cmd, output, timeout=None):
     """Runs cmd as a fresh process: (exit code, wall seconds, peak MiB, stdout, stderr).
+
+    The command runs in a process group of its own. When it is not done after `timeout` seconds,
+    the group is stopped (with whatever the command started in it) and the exit code is None.
 
     The peak comes from GNU time when it is there: a small parent whose wait4 sees the command
     alone. Without it, wait4 on the command itself, which also counts the pages of this Python
@@ -122,12 +131,23 @@ def run_once(cmd, output):
         measured = [GNU_TIME, "-f", "%M", "-o", peak_file.name] + cmd if GNU_TIME else cmd
         start = time.monotonic()
         try:
-            process = subprocess.Popen(measured, stdin=subprocess.DEVNULL, stdout=out, stderr=err)
+            process = subprocess.Popen(measured, stdin=subprocess.DEVNULL, stdout=out, stderr=err,
+                                       process_group=0)
         except OSError as e:
             return 127, 0.0, 0.0, "", str(e)
-        _, status, usage = os.wait4(process.pid, 0)
+        timed_out = False
+        while True:
+            pid, status, usage = os.wait4(process.pid, os.WNOHANG)
+            if pid != 0:
+                break
+            if timeout is not None and time.monotonic() - start > timeout:
+                os.killpg(process.pid, signal.SIGKILL)
+                _, status, usage = os.wait4(process.pid, 0)
+                timed_out = True
+                break
+            time.sleep(0.01)
         wall = time.monotonic() - start
-        process.returncode = os.waitstatus_to_exitcode(status)
+        process.returncode = None if timed_out else os.waitstatus_to_exitcode(status)
         peak_kib = usage.ru_maxrss
         if GNU_TIME:
             # GNU time puts a line before the figure when the command fails or is killed.
@@ -144,7 +164,7 @@ def last_line(text):
     return lines[-1] if lines else "(no message)"
 
 
-def bench_import(svg, warmup, runs, vrkplot, extra, with_inkscape):
+def bench_import(svg, warmup, runs, vrkplot, extra, with_inkscape, inkscape_timeout):
     """Rows of figures for vrkplot and, when it works, Inkscape."""
     base = os.path.join(WORK, "large-svg")
     programs = {"vrkplot": ([vrkplot, svg, "-l", "HPGL2", "-o", base + ".vrk.plt"] + extra,
@@ -164,7 +184,13 @@ def bench_import(svg, warmup, runs, vrkplot, extra, with_inkscape):
     for round_index in range(warmup + runs):
         for name in list(programs):
             cmd, output = programs[name]
-            code, wall, peak, _, err = run_once(cmd, output)
+            code, wall, peak, _, err = run_once(
+                cmd, output, inkscape_timeout if name == "inkscape" else None)
+            if code is None:
+                skipped = ("inkscape's HPGL export did not finish within %d s: stopped, no figures"
+                           % inkscape_timeout)
+                del programs[name]
+                continue
             if code != 0 or not os.path.exists(output):
                 why = "exit status %d: %s" % (code, last_line(err))
                 if name == "vrkplot":
@@ -189,7 +215,7 @@ def print_import_table(rows, skipped, runs):
     print("| Program | median s | fastest s | peak RSS MiB | output bytes |")
     print("|---|---:|---:|---:|---:|")
     for row in rows:
-        print("| %s | %.2f | %.2f | %.1f | %s |" % (row["program"], row["median"], row["fastest"],
+        print("| %s | %.3f | %.3f | %.1f | %s |" % (row["program"], row["median"], row["fastest"],
                                                    row["peak"], "{:,}".format(row["bytes"])))
     print()
     for row in rows:
@@ -266,12 +292,11 @@ def bench_ordering(vrkplot):
     print("|---|---:|---:|---:|")
     for measure in MEASURES:
         before, after = stats[measure].get("before"), stats[measure].get("after")
-        unit = "" if measure == "pen changes" else " mm"
+        form = "%d" if measure == "pen changes" else "%.1f mm"
         change = ("%+.1f%%" % (100.0 * (after - before) / before)
                   if before and after is not None else "-")
-        print("| %s | %s | %s | %s |" % (
-            measure, "-" if before is None else "%.1f%s" % (before, unit),
-            "-" if after is None else "%.1f%s" % (after, unit), change))
+        print("| %s | %s | %s | %s |" % (measure, "-" if before is None else form % before,
+                                         "-" if after is None else form % after, change))
     up = stats["pen-up"]
     if "before" not in up or "after" not in up:
         print("could not read the pen-up travel before and after ordering from the output above "
@@ -293,6 +318,8 @@ def main():
     ap.add_argument("--vrkplot-args", default="",
                     help="more vrkplot arguments for the large drawing, e.g. '--form A0'")
     ap.add_argument("--no-inkscape", action="store_true", help="run vrkplot alone")
+    ap.add_argument("--inkscape-timeout", type=float, default=3600.0,
+                    help="seconds after which an Inkscape run is stopped (default: %(default)s)")
     ap.add_argument("--no-ordering", action="store_true", help="skip the --stats run")
     a = ap.parse_args()
     if a.runs < 1 or a.warmup < 0:
@@ -311,7 +338,7 @@ def main():
           "around each process, peak memory from %s" % (a.warmup, a.runs, memory))
     print()
     rows, skipped = bench_import(svg, a.warmup, a.runs, a.vrkplot, shlex.split(a.vrkplot_args),
-                                 not a.no_inkscape)
+                                 not a.no_inkscape, a.inkscape_timeout)
     print_import_table(rows, skipped, a.runs)
     ok = True
     if not a.no_ordering:
