@@ -69,24 +69,8 @@ STATS_EXACT = {
                            r"mm after"),
     "pen changes": re.compile(r"pen changes:\s*([0-9]+) before ordering,\s*([0-9]+) after"),
 }
-# When the exact lines are not there, a line counts for the first measure (in this order) one of
-# whose words it holds. With two numbers on a line, they go to "before" and "after" in the order
-# those words come in the line (before, then after, when neither is there); a single number goes
-# to the word on its line, or to the section it stands in ("after ordering:" on a line of its own).
-STATS_WORDS = [
-    ("pen changes", ("pen change", "pen-change", "pen selection")),
-    ("pen-up", ("pen-up", "pen up", "penup")),
-    ("pen-down", ("pen-down", "pen down", "pendown")),
-    ("pen-up", ("travel", "move")),
-    ("pen-down", ("drawn", "drawing length", "draw")),
-    ("pen changes", ("changes",)),
-]
 MEASURES = ["pen-down", "pen-up", "pen changes"]
 # -------------------------------------------------------------------------------------------------
-
-NUMBER = re.compile(r"(\d+(?:,\d{3})*(?:\.\d+)?)(?![\d.,]*\s*%)\s*(mm|cm|m)?\b")
-TO_MM = {"mm": 1.0, "cm": 10.0, "m": 1000.0, None: 1.0}
-
 
 def die(message):
     sys.exit("svg-import: " + message)
@@ -229,16 +213,6 @@ def print_import_table(rows, skipped, runs):
         print(skipped)
 
 
-def numbers(text):
-    """The numbers of a line (not percentages), in millimetres where a length unit follows; only
-    those with a unit when some have one."""
-    found = [(float(m.group(1).replace(",", "")) * TO_MM[m.group(2)], m.group(2) is not None)
-             for m in NUMBER.finditer(text)]
-    if any(with_unit for _, with_unit in found):
-        found = [f for f in found if f[1]]
-    return [value for value, _ in found]
-
-
 def parse_stats(text):
     """{measure: {"before": value, "after": value}} from vrkplot's --stats output."""
     result = {measure: {} for measure in MEASURES}
@@ -246,30 +220,6 @@ def parse_stats(text):
         m = pattern.search(text)
         if m:
             result[measure] = {"before": float(m.group(1)), "after": float(m.group(2))}
-    section = None
-    for line in text.splitlines():
-        low = line.lower()
-        values = numbers(low)
-        b, a = low.find("before"), low.find("after")
-        if not values:
-            if (b < 0) != (a < 0):
-                section = "before" if b >= 0 else "after"
-            continue
-        measure = next((name for name, words in STATS_WORDS if any(w in low for w in words)),
-                       None)
-        if measure is None or len(result[measure]) == 2:
-            continue
-        if len(values) >= 2:
-            first, second = ("after", "before") if 0 <= a < b or (a >= 0 > b) else ("before",
-                                                                                   "after")
-            result[measure] = {first: values[0], second: values[1]}
-        elif b >= 0 or a >= 0:
-            result[measure].setdefault("before" if b >= 0 else "after", values[0])
-        elif section:
-            result[measure].setdefault(section, values[0])
-        else:
-            result[measure].setdefault("after" if "before" in result[measure] else "before",
-                                       values[0])
     return result
 
 
