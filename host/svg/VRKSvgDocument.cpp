@@ -5,9 +5,11 @@
 #include <libxml/tree.h>
 #include <libxml/xmlerror.h>
 
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/svg/VRKSvgTreeBuilder.h"
@@ -145,6 +147,10 @@ class QuietGenericErrors {
 struct Reading {
     VRKSvgTreeBuilder builder;
     int open = 0;  // elements open
+    bool rootSeen = false;
+    std::string innermost;  // the name of the innermost element open, and its line
+    int innermostLine = 0;
+    std::vector<std::pair<std::string, int>> around;  // the elements open around it
     bool entity = false;
     int entityLine = 0;
     bool deep = false;
@@ -154,6 +160,8 @@ struct Reading {
     bool fault = false;  // the first fault of the XML, as the parser words it
     std::string faultMessage;
     int faultLine = 0;
+    bool ending = false;         // the parser has been told the text is over
+    bool faultAtEnd = false;     // the first fault came then
     std::exception_ptr failure;  // what a callback threw (no exception crosses the parser)
 };
 
@@ -196,9 +204,15 @@ void StartElement(void* context, const xmlChar* local, const xmlChar* prefix, co
             return;
         }
         ++reading.open;
+        reading.rootSeen = true;
         // Without a namespace for the prefix, the element is named as written.
         const std::string name =
             prefix != nullptr && uri == nullptr ? Qualified(prefix, local) : Chars(local);
+        if (reading.open > 1) {
+            reading.around.emplace_back(std::move(reading.innermost), reading.innermostLine);
+        }
+        reading.innermost = name;
+        reading.innermostLine = line;
         if (reading.open == 1 && name != "svg") {
             reading.rootError = "the root element is <" + name + ">, not <svg>";
             reading.rootLine = line;
@@ -228,6 +242,11 @@ void StartElement(void* context, const xmlChar* local, const xmlChar* prefix, co
 void EndElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
     Guarded(context, [&](Reading& reading) {
         --reading.open;
+        if (!reading.around.empty()) {
+            reading.innermost = std::move(reading.around.back().first);
+            reading.innermostLine = reading.around.back().second;
+            reading.around.pop_back();
+        }
         if (reading.rootError.empty()) {
             reading.builder.Close();
         }
@@ -295,6 +314,7 @@ void KeepFault(void* context, xmlErrorPtr error) {
         reading.fault = true;
         reading.faultMessage = Trimmed(error->message);
         reading.faultLine = error->line;
+        reading.faultAtEnd = reading.ending;
     }
 }
 
@@ -350,9 +370,12 @@ bool VRKSvgDocument::Parse(const Reader& read, std::string& error, int& errorLin
     xmlCtxtUseOptions(parser.get(), XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING |
                                         XML_PARSE_BIG_LINES);
     std::vector<char> chunk(kChunkSize);
+    int lines = 1;  // of the text read so far, for a fault at its end
     for (;;) {
         const std::size_t count = read(chunk.data(), chunk.size());
+        lines += static_cast<int>(std::count(chunk.data(), chunk.data() + count, '\n'));
         const bool end = count == 0;
+        reading.ending = end;
         xmlParseChunk(parser.get(), chunk.data(), static_cast<int>(count), end ? 1 : 0);
         if (reading.failure) {
             std::rethrow_exception(reading.failure);
@@ -379,6 +402,16 @@ bool VRKSvgDocument::Parse(const Reader& read, std::string& error, int& errorLin
             const xmlError* last = xmlCtxtGetLastError(parser.get());
             message = last != nullptr ? Trimmed(last->message) : "";
             errorLine = last != nullptr ? last->line : 0;
+        }
+        if (reading.faultAtEnd) {
+            errorLine = std::max(errorLine, lines);
+        }
+        if (reading.faultAtEnd && reading.open > 0) {
+            // The parser's words for this depend on where the text stopped: ours do not.
+            message = "it ends inside <" + reading.innermost + ">, opened on line " +
+                      std::to_string(reading.innermostLine);
+        } else if (reading.faultAtEnd && !reading.rootSeen) {
+            message = "no root element";
         }
         if (message.find("Excessive depth") != std::string::npos) {
             error = "elements are nested deeper than 256 levels";
