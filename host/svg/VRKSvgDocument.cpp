@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/svg/VRKSvgAttributeValue.h"
 #include "host/svg/VRKSvgTreeBuilder.h"
 
 namespace {
@@ -52,76 +53,6 @@ std::string AttributeName(const xmlChar* local, const xmlChar* prefix, const xml
         return Chars(local);
     }
     return {};
-}
-
-// Appends the character `code` in UTF-8.
-void AppendUtf8(std::string& out, unsigned long code) {
-    if (code < 0x80) {
-        out += static_cast<char>(code);
-    } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (code >> 18));
-        out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    }
-}
-
-// An attribute's value as the parser hands it over. As entities are not substituted, the parser
-// has already replaced character references and the predefined entities, except that an
-// ampersand stays written "&#38;"; any other reference (to an entity that is not declared) is
-// left out.
-std::string AttributeValue(const char* begin, const char* end) {
-    const std::string_view raw(begin, static_cast<std::size_t>(end - begin));
-    if (raw.find('&') == std::string_view::npos) {
-        return std::string(raw);
-    }
-    std::string value;
-    value.reserve(raw.size());
-    for (std::size_t i = 0; i < raw.size(); ++i) {
-        const std::size_t semicolon = raw[i] == '&' ? raw.find(';', i) : std::string_view::npos;
-        if (semicolon == std::string_view::npos) {
-            value += raw[i];
-            continue;
-        }
-        const std::string_view name = raw.substr(i + 1, semicolon - i - 1);
-        i = semicolon;
-        if (name.size() > 1 && name[0] == '#') {
-            const bool hex = name[1] == 'x';
-            unsigned long code = 0;
-            for (const char c : name.substr(hex ? 2 : 1)) {
-                const int digit = c >= '0' && c <= '9'          ? c - '0'
-                                  : hex && c >= 'a' && c <= 'f' ? c - 'a' + 10
-                                  : hex && c >= 'A' && c <= 'F' ? c - 'A' + 10
-                                                                : -1;
-                if (digit < 0 || code > 0x10FFFF) {
-                    code = 0;
-                    break;
-                }
-                code = code * (hex ? 16 : 10) + static_cast<unsigned long>(digit);
-            }
-            if (code > 0 && code <= 0x10FFFF) {
-                AppendUtf8(value, code);
-            }
-        } else if (name == "amp") {
-            value += '&';
-        } else if (name == "lt") {
-            value += '<';
-        } else if (name == "gt") {
-            value += '>';
-        } else if (name == "apos") {
-            value += '\'';
-        } else if (name == "quot") {
-            value += '"';
-        }
-    }
-    return value;
 }
 
 // libxml2 reports some errors (of encodings, say) through its generic handler, which prints on
@@ -233,8 +164,10 @@ void StartElement(void* context, const xmlChar* local, const xmlChar* prefix, co
             if (attributeName.empty()) {
                 continue;
             }
-            node.attributes.emplace_back(std::move(attributeName),
-                                         AttributeValue(Chars(attribute[3]), Chars(attribute[4])));
+            node.attributes.emplace_back(
+                std::move(attributeName),
+                VRKSvgAttributeValue::Decode(std::string_view(
+                    Chars(attribute[3]), static_cast<std::size_t>(attribute[4] - attribute[3]))));
         }
     });
 }
