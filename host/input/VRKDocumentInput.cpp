@@ -158,6 +158,33 @@ bool VRKDocumentInput::ReadAll(std::string& text, std::size_t limit, std::string
     return true;
 }
 
+std::size_t VRKDocumentInput::Read(char* data, std::size_t size, std::size_t limit,
+                                   std::string& error) {
+    std::size_t count = 0;
+    if (given_ < head_.size()) {
+        count = std::min(size, head_.size() - given_);
+        std::memcpy(data, head_.data() + given_, count);
+    } else if (fd_ >= 0) {
+        const ssize_t n = readFully(fd_, data, size);
+        if (n < 0) {
+            error = name_ + ": cannot read the file: " + std::strerror(errno);
+            return 0;
+        }
+        count = static_cast<std::size_t>(n);
+        if (count == 0) {
+            ::close(fd_);
+            fd_ = -1;
+        }
+    }
+    if (count > limit - std::min(limit, given_)) {
+        error = name_ + ": the file is larger than " + std::to_string(limit >> 20) +
+                " MiB, more than a drawing this program reads";
+        return 0;
+    }
+    given_ += count;
+    return count;
+}
+
 std::unique_ptr<VRKJobSource> VRKDocumentInput::TakeSource() {
     auto source = std::make_unique<HeadThenFileSource>(std::move(head_), fd_);
     head_.clear();

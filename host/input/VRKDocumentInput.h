@@ -39,6 +39,10 @@ class VRKDocumentInput {
     // The whole document into `text`, refusing documents over `limit` bytes. False with
     // `error` set.
     bool ReadAll(std::string& text, std::size_t limit, std::string& error);
+    // The document piece by piece, the first bytes first: up to `size` bytes into `data`, and the
+    // count; 0 at the end. 0 with `error` set when the document cannot be read or goes beyond
+    // `limit` bytes in all.
+    std::size_t Read(char* data, std::size_t size, std::size_t limit, std::string& error);
     // The whole document as a job source, the first bytes first. The input is used up by it.
     std::unique_ptr<VRKJobSource> TakeSource();
 
@@ -48,4 +52,5 @@ class VRKDocumentInput {
     std::string folder_;
     std::string head_;
     int fd_ = -1;
+    std::size_t given_ = 0;  // bytes Read has given
 };

@@ -1,5 +1,7 @@
 #include "host/input/VRKSvgDocumentReader.h"
 
+#include <stdexcept>
+
 #include "host/svg/VRKSvgImporter.h"
 
 bool VRKSvgDocumentReader::Recognizes(std::string_view head) const {
@@ -8,19 +10,25 @@ bool VRKSvgDocumentReader::Recognizes(std::string_view head) const {
 
 bool VRKSvgDocumentReader::Import(VRKDocumentInput& input, VRKDrawing& drawing,
                                   VRKDocumentResult& result) {
-    std::string text;
-    if (!input.ReadAll(text, kMaxFileSize, result.error)) {
-        return false;
-    }
     VRKSvgImporter importer;
     // Linked images are taken from the drawing's folder; from standard input, from the current
     // one.
     const std::string folder = input.GetFolder().empty() ? std::string(".") : input.GetFolder();
-    const bool read = importer.ReadMemory(text, input.GetName(), folder, drawing);
+    // The document goes to the importer as it is read: its whole text is never held. A failed
+    // read stops the importer, and the input's own message is the error.
+    std::string readError;
+    const auto piece = [&](char* data, std::size_t size) {
+        const std::size_t count = input.Read(data, size, kMaxFileSize, readError);
+        if (!readError.empty()) {
+            throw std::runtime_error(readError);
+        }
+        return count;
+    };
+    const bool read = importer.ReadStream(piece, input.GetName(), folder, drawing);
     result.warnings.insert(result.warnings.end(), importer.GetWarnings().begin(),
                            importer.GetWarnings().end());
     if (!read) {
-        result.error = importer.GetError();
+        result.error = readError.empty() ? importer.GetError() : readError;
     }
     return read;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 
 #include "host/svg/VRKSvgNode.h"
@@ -12,10 +13,17 @@
 // ever loaded, and a document that declares entities is refused before any is expanded.
 class VRKSvgDocument {
   public:
-    // Reads the document. False with `error` ("what is wrong") and `errorLine` (0 when the
-    // message has no line) when it is not well-formed XML, declares entities or its root element
-    // is not <svg>.
-    bool Parse(std::string_view text, std::string& error, int& errorLine);
+    // Where the text comes from: `read` fills up to `size` bytes at `data` and gives the count, 0
+    // at the end. It may throw to stop the reading; the exception leaves Parse.
+    using Reader = std::function<std::size_t(char* data, std::size_t size)>;
+    // How much the parser is given at a time.
+    static constexpr std::size_t kChunkSize = std::size_t{1} << 16;
+
+    // Reads the document, piece by piece: the whole text is never held. False with `error` ("what
+    // is wrong") and `errorLine` (0 when the message has no line) when it is not well-formed XML
+    // (the first fault met), declares entities, nests elements too deep or its root element is
+    // not <svg>.
+    bool Parse(const Reader& read, std::string& error, int& errorLine);
 
     const VRKSvgNode& Root() const { return *root_; }
     // The element with that id (the first one in document order), or null.

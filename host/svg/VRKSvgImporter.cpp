@@ -1,9 +1,12 @@
 #include "host/svg/VRKSvgImporter.h"
 
+#include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <exception>
 #include <fstream>
 #include <new>
+#include <stdexcept>
 
 #include "host/svg/VRKSvgDocument.h"
 #include "host/svg/VRKSvgRenderer.h"
@@ -117,12 +120,14 @@ bool VRKSvgImporter::ReadFile(const std::string& path, VRKDrawing& drawing) {
             return false;
         }
         in.seekg(0, std::ios::beg);
-        std::string text(static_cast<std::size_t>(size), '\0');
-        if (!in.read(text.data(), size)) {
-            error_ = name + ": the file cannot be read";
-            return false;
-        }
-        return Read(text, name, FolderOf(path), drawing);
+        const auto read = [&in](char* data, std::size_t wanted) -> std::size_t {
+            in.read(data, static_cast<std::streamsize>(wanted));
+            if (in.bad()) {
+                throw std::runtime_error("the file cannot be read");
+            }
+            return static_cast<std::size_t>(in.gcount());
+        };
+        return Read(read, name, FolderOf(path), drawing);
     } catch (const std::exception& exception) {
         return Failed(exception, name, drawing);
     }
@@ -130,11 +135,23 @@ bool VRKSvgImporter::ReadFile(const std::string& path, VRKDrawing& drawing) {
 
 bool VRKSvgImporter::ReadMemory(std::string_view text, const std::string& name,
                                 const std::string& baseFolder, VRKDrawing& drawing) {
+    const auto read = [&text](char* data, std::size_t size) {
+        const std::size_t count = std::min(size, text.size());
+        std::memcpy(data, text.data(), count);
+        text.remove_prefix(count);
+        return count;
+    };
+    return ReadStream(read, name, baseFolder, drawing);
+}
+
+bool VRKSvgImporter::ReadStream(const std::function<std::size_t(char*, std::size_t)>& read,
+                                const std::string& name, const std::string& baseFolder,
+                                VRKDrawing& drawing) {
     error_.clear();
     warnings_.clear();
     try {
         drawing = VRKDrawing();
-        return Read(text, name, baseFolder, drawing);
+        return Read(read, name, baseFolder, drawing);
     } catch (const std::exception& exception) {
         return Failed(exception, name, drawing);
     }
@@ -150,22 +167,43 @@ bool VRKSvgImporter::Failed(const std::exception& exception, const std::string& 
     return false;
 }
 
-bool VRKSvgImporter::Read(std::string_view text, const std::string& name,
-                          const std::string& baseFolder, VRKDrawing& drawing) {
+namespace {
+
+// Thrown when the document goes beyond the importer's bound on its size.
+class TooLarge : public std::runtime_error {
+  public:
+    TooLarge() : std::runtime_error("too large") {}
+};
+
+}  // namespace
+
+bool VRKSvgImporter::Read(const std::function<std::size_t(char*, std::size_t)>& read,
+                          const std::string& name, const std::string& baseFolder,
+                          VRKDrawing& drawing) {
     auto fail = [&](int line, const std::string& message) {
         error_ =
             name + ":" + (line > 0 ? std::to_string(line) + ":" : std::string()) + " " + message;
         drawing = VRKDrawing();
         return false;
     };
-    if (text.size() > kMaxFileBytes) {
-        return fail(0, "the document is larger than 1 GiB, too large to be an SVG drawing");
-    }
+    std::size_t total = 0;
+    const auto bounded = [&](char* data, std::size_t size) {
+        const std::size_t count = read(data, size);
+        total += count;
+        if (count > size || total > kMaxFileBytes) {
+            throw TooLarge();
+        }
+        return count;
+    };
     VRKSvgDocument document;
     std::string message;
     int line = 0;
-    if (!document.Parse(text, message, line)) {
-        return fail(line, message);
+    try {
+        if (!document.Parse(bounded, message, line)) {
+            return fail(line, message);
+        }
+    } catch (const TooLarge&) {
+        return fail(0, "the document is larger than 1 GiB, too large to be an SVG drawing");
     }
     VRKSvgRenderer renderer(document, name, baseFolder, drawing, warnings_, maxPoints_,
                             maxElements_);

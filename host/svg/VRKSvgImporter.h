@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,11 @@ class VRKSvgImporter {
     // linked images are looked for (empty: linked images are refused).
     bool ReadMemory(std::string_view text, const std::string& name, const std::string& baseFolder,
                     VRKDrawing& drawing);
+    // The same for a document read piece by piece, so that the whole text is never held: `read`
+    // fills up to `size` bytes at `data` and gives the count, 0 at the end. A `read` that fails
+    // throws; its message (what()) becomes the error.
+    bool ReadStream(const std::function<std::size_t(char* data, std::size_t size)>& read,
+                    const std::string& name, const std::string& baseFolder, VRKDrawing& drawing);
     // "NAME:LINE: what is wrong", e.g. "bad.svg:7: the file is not well-formed XML (...)".
     const std::string& GetError() const { return error_; }
     // What was not drawn as the file asks: one line per kind of unsupported feature, the first
@@ -52,8 +58,8 @@ class VRKSvgImporter {
     std::size_t maxPoints_ = kMaxPoints;
     std::size_t maxElements_ = kMaxElements;
 
-    bool Read(std::string_view text, const std::string& name, const std::string& baseFolder,
-              VRKDrawing& drawing);
+    bool Read(const std::function<std::size_t(char*, std::size_t)>& read, const std::string& name,
+              const std::string& baseFolder, VRKDrawing& drawing);
     // An exception that stopped the reading as the error ("not enough memory" for bad_alloc),
     // with the drawing emptied; false.
     bool Failed(const std::exception& exception, const std::string& name, VRKDrawing& drawing);

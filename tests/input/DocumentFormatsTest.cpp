@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "host/input/VRKDocumentFormats.h"
 #include "host/input/VRKDocumentInput.h"
@@ -52,6 +54,51 @@ TEST(DocumentInput, RefusesAFileOverTheLimit) {
     ASSERT_TRUE(input.Open(path, error));
     std::string all;
     EXPECT_FALSE(input.ReadAll(all, 1 << 20, error));
+    EXPECT_EQ(error,
+              path + ": the file is larger than 1 MiB, more than a drawing this program reads");
+}
+
+TEST(DocumentInput, ReadGivesTheHeadThenTheRestInPieces) {
+    TempFolder folder;
+    const std::string path = folder.File("plan.svg");
+    std::string text;
+    for (int i = 0; i < 3000; ++i) {
+        text += std::to_string(i) + ' ';
+    }
+    std::ofstream(path) << text;
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error)) << error;
+    std::string all;
+    char piece[1000];
+    std::vector<std::size_t> counts;
+    while (const std::size_t count = input.Read(piece, sizeof piece, 1 << 20, error)) {
+        counts.push_back(count);
+        all.append(piece, count);
+    }
+    EXPECT_TRUE(error.empty()) << error;
+    EXPECT_EQ(all, text);
+    // The head (4096 bytes) first, in whole pieces while they last.
+    ASSERT_GE(counts.size(), 5u);
+    EXPECT_EQ(counts[3], 1000u);
+    EXPECT_EQ(counts[4], 96u);
+    EXPECT_EQ(input.Read(piece, sizeof piece, 1 << 20, error), 0u);
+}
+
+TEST(DocumentInput, ReadRefusesAFileOverTheLimit) {
+    TempFolder folder;
+    const std::string path = folder.File("big.svg");
+    std::ofstream(path) << std::string((1 << 20) + 1, 'x');
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    std::vector<char> piece(1 << 16);
+    std::size_t total = 0;
+    while (const std::size_t count = input.Read(piece.data(), piece.size(), 1 << 20, error)) {
+        total += count;
+    }
+    // The head, then whole pieces up to the one that would go past the limit.
+    EXPECT_EQ(total, VRKDocumentInput::kHeadSize + 15 * piece.size());
     EXPECT_EQ(error,
               path + ": the file is larger than 1 MiB, more than a drawing this program reads");
 }
