@@ -110,6 +110,24 @@ TEST_F(VrkplotPrinters, PlotToAPrinterSendsWhatAFileWouldHold) {
     EXPECT_BYTES(ReadFileBytes(folder.File("file.plt")), server.Received());
 }
 
+TEST_F(VrkplotPrinters, AnSvgDrawingGoesToAPrinterAsAJobDoes) {
+    folder.Write("plan.svg",
+                 "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100mm\" height=\"50mm\">"
+                 "<line x1=\"10\" y1=\"10\" x2=\"90\" y2=\"40\" stroke=\"black\"/></svg>\n");
+    LoopbackServer server;
+    ASSERT_EQ(RunWithList({"printers", "--add", "dj", "-l", "HP4000GL2", "--destination",
+                           server.Url(), "-q"}),
+              0)
+        << err;
+    ASSERT_EQ(RunWithList({"-p", "dj", "plan.svg", "-o", "file.plt", "--job-name", "plan"}), 0)
+        << err;
+    ASSERT_EQ(RunWithList({"-p", "dj", "plan.svg", "--job-name", "plan", "-q"}), 0) << err;
+    EXPECT_EQ(out, "");
+    EXPECT_BYTES(ReadFileBytes(folder.File("file.plt")), server.Received());
+    EXPECT_NE(server.Received().find("@PJL JOB NAME=\"VORAN:plan\""), std::string::npos)
+        << Printable(server.Received());
+}
+
 TEST_F(VrkplotPrinters, SentPlotIsNamedAfterItsJob) {
     Job("a4.job", "Begin\nEnd\n");
     LoopbackServer server;
