@@ -135,7 +135,7 @@ TEST_F(Vrkplot, OutputThatIsAFolder) {
 TEST_F(Vrkplot, OutputThatIsTheJobItself) {
     Job("a4.plt", "Begin\nEnd\n");
     EXPECT_EQ(Run({"a4.plt"}), 2);
-    EXPECT_EQ(err, "vrkplot: a4.plt: the output is the job file itself\n");
+    EXPECT_EQ(err, "vrkplot: a4.plt: the output is the document itself\n");
     EXPECT_EQ(ReadFileBytes(folder.File("a4.plt")), "Begin\nEnd\n");
 }
 

@@ -28,8 +28,8 @@ bool sameFile(const std::string& a, const std::string& b) {
            sa.st_ino == sb.st_ino;
 }
 
-std::string describeJob(const std::string& job) {
-    return job == "-" ? std::string("standard input") : job;
+std::string describeDocument(const std::string& document) {
+    return document == "-" ? std::string("standard input") : document;
 }
 
 // "pen-up travel: 5321.4 mm before ordering, 1830.2 mm after"
@@ -84,17 +84,17 @@ VRKBaseUnknown* DocumentPlotter::MakeGenerator() const {
     return generator;
 }
 
-bool DocumentPlotter::Plot(const std::string& job, const VRKDestination& destination) const {
-    if (destination.kind == VRKDestination::Kind::kPath && job != "-" &&
-        sameFile(job, destination.path)) {
-        std::cerr << "vrkplot: " << destination.path << ": the output is the job file itself\n";
+bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& destination) const {
+    if (destination.kind == VRKDestination::Kind::kPath && document != "-" &&
+        sameFile(document, destination.path)) {
+        std::cerr << "vrkplot: " << destination.path << ": the output is the document itself\n";
         return false;
     }
     // The document first: a file that cannot be read, or is of no format known, leaves the
     // destination untouched.
     VRKDocumentInput input;
     std::string error;
-    if (!input.Open(job, error)) {
+    if (!input.Open(document, error)) {
         std::cerr << error << '\n';
         return false;
     }
@@ -120,7 +120,7 @@ bool DocumentPlotter::Plot(const std::string& job, const VRKDestination& destina
     // spooler gets it as the job's title.
     std::string jobName = jobName_;
     if (jobName.empty()) {
-        jobName = WritesFile(destination) ? destination.path : describeJob(job);
+        jobName = WritesFile(destination) ? destination.path : describeDocument(document);
     }
     // The name goes inside the quotes of the printer's PJL lines: nothing in it may end them.
     if (const std::string changes = VRKJobName::Changes(jobName); !changes.empty()) {
@@ -175,8 +175,8 @@ bool DocumentPlotter::Plot(const std::string& job, const VRKDestination& destina
         if (!printerName_.empty()) {
             where = "printer " + printerName_ + " at " + where;
         }
-        *report_ << describeJob(job) << " -> " << where << " (" << language_.language << ", "
-                 << VRKSendProgress::FormatSize(out.GetSize()) << ")";
+        *report_ << describeDocument(document) << " -> " << where << " (" << language_.language
+                 << ", " << VRKSendProgress::FormatSize(out.GetSize()) << ")";
         if (!out.GetReceipt().empty()) {
             *report_ << ": " << out.GetReceipt();
         }
