@@ -37,6 +37,21 @@ void VRKDrawingPlayer::PlayItems(const VRKDrawing& drawing) {
     }
 }
 
+void VRKDrawingPlayer::ForgetSelections() {
+    drawColor_ = -1;
+    fillColor_ = -1;
+    fillRule_ = -1;
+    width_ = -1.0f;
+    lineStyle_ = -1;
+    cap_ = -1;
+    join_ = -1;
+    textSize_ = -1.0f;
+    textDirection_ = -1000.0f;
+    textFont_ = -1.0f;
+    textWeight_ = -1.0f;
+    textAnchor_ = -1.0f;
+}
+
 void VRKDrawingPlayer::SelectDrawColor(const VRKDrawingColor& color) {
     const int index = palette_.Index(color, generator_);
     if (index != drawColor_) {

@@ -35,6 +35,12 @@ class VRKDrawingPlayer {
 
     const VRKDrawingPalette& GetPalette() const { return palette_; }
 
+    // The placement of what is played from now on (the next page's).
+    void SetPlacement(const VRKDrawingLayout::Placement& placement) { placement_ = placement; }
+    // Forgets which colours, widths, line and text attributes the generator was given, so that
+    // the next calls give them again (after a page advance). The palette's colours stay defined.
+    void ForgetSelections();
+
   private:
     void PlayStroke(const VRKDrawing& drawing, const VRKDrawingItem& item);
     void PlayFill(const VRKDrawing& drawing, const VRKDrawingFill& fill);

@@ -2,15 +2,21 @@
 
 #include <new>
 
+#include "host/core/VRKPrintGenerator.h"
 #include "host/drawing/VRKDrawingOrder.h"
 #include "host/drawing/VRKDrawingPlayer.h"
 #include "host/drawing/VRKDrawingStats.h"
 
 namespace {
 
-VRKDocumentResult::Travel measure(const VRKDrawing& drawing) {
+void add(std::optional<VRKDocumentResult::Travel>& total, const VRKDrawing& drawing) {
     const VRKDrawingStats stats = VRKDrawingStats::Measure(drawing);
-    return {stats.penDown, stats.penUp, stats.penChanges};
+    if (!total.has_value()) {
+        total.emplace();
+    }
+    total->penDown += stats.penDown;
+    total->penUp += stats.penUp;
+    total->penChanges += stats.penChanges;
 }
 
 }  // namespace
@@ -18,28 +24,46 @@ VRKDocumentResult::Travel measure(const VRKDrawing& drawing) {
 bool VRKDrawingDocumentReader::Play(VRKDocumentInput& input, VRKPrintGenerator& generator,
                                     const VRKDocumentOptions& options, VRKDocumentResult& result) {
     try {
-        VRKDrawing drawing;
-        if (!Import(input, drawing, result)) {
+        VRKDrawingPlayer player(generator, {});
+        int pages = 0;
+        const PageSink page = [&](VRKDrawing& drawing) {
+            VRKPrintParameters params;
+            VRKDrawingLayout::Placement placement;
+            std::string error;
+            if (!options.layout.Place(drawing.width, drawing.height, params, placement, error)) {
+                result.error = input.GetName() + ": " + error;
+                return false;
+            }
+            if (options.stats) {
+                add(result.before, drawing);
+            }
+            if (options.orderForTravel) {
+                VRKDrawingOrder::Apply(drawing);
+            }
+            if (options.stats) {
+                add(result.after, drawing);
+            }
+            if (pages == 0) {
+                generator.Begin(params);
+            } else {
+                generator.StartNewPage(params);
+                // A new page may start the plotter's state afresh: pens and line attributes are
+                // selected again; the palette's colours stay defined for the whole job.
+                player.ForgetSelections();
+            }
+            ++pages;
+            player.SetPlacement(placement);
+            player.PlayItems(drawing);
+            return true;
+        };
+        if (!Import(input, page, result)) {
             return false;
         }
-        VRKPrintParameters params;
-        VRKDrawingLayout::Placement placement;
-        std::string error;
-        if (!options.layout.Place(drawing.width, drawing.height, params, placement, error)) {
-            result.error = input.GetName() + ": " + error;
+        if (pages == 0) {
+            result.error = input.GetName() + ": the document has no pages";
             return false;
         }
-        if (options.stats) {
-            result.before = measure(drawing);
-        }
-        if (options.orderForTravel) {
-            VRKDrawingOrder::Apply(drawing);
-        }
-        if (options.stats) {
-            result.after = measure(drawing);
-        }
-        VRKDrawingPlayer player(generator, placement);
-        player.Play(drawing, params);
+        generator.End();
         if (const int substituted = player.GetPalette().GetSubstitutedCount(); substituted > 0) {
             result.warnings.push_back(
                 input.GetName() + ": the drawing has more colours than the plotter's palette of " +

@@ -8,9 +8,10 @@ bool VRKSvgDocumentReader::Recognizes(std::string_view head) const {
     return VRKSvgImporter::LooksLikeSvg(head);
 }
 
-bool VRKSvgDocumentReader::Import(VRKDocumentInput& input, VRKDrawing& drawing,
+bool VRKSvgDocumentReader::Import(VRKDocumentInput& input, const PageSink& page,
                                   VRKDocumentResult& result) {
     VRKSvgImporter importer;
+    VRKDrawing drawing;
     // Linked images are taken from the drawing's folder; from standard input, from the current
     // one.
     const std::string folder = input.GetFolder().empty() ? std::string(".") : input.GetFolder();
@@ -29,6 +30,8 @@ bool VRKSvgDocumentReader::Import(VRKDocumentInput& input, VRKDrawing& drawing,
                            importer.GetWarnings().end());
     if (!read) {
         result.error = readError.empty() ? importer.GetError() : readError;
+        return false;
     }
-    return read;
+    // An SVG document is one page.
+    return page(drawing);
 }

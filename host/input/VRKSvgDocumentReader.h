@@ -15,5 +15,5 @@ class VRKSvgDocumentReader final : public VRKDrawingDocumentReader {
     bool Recognizes(std::string_view head) const override;
 
   protected:
-    bool Import(VRKDocumentInput& input, VRKDrawing& drawing, VRKDocumentResult& result) override;
+    bool Import(VRKDocumentInput& input, const PageSink& page, VRKDocumentResult& result) override;
 };
