@@ -4,7 +4,6 @@
 #include <cairo.h>
 #include <poppler.h>
 
-#include <cctype>
 #include <cmath>
 #include <cstddef>
 #include <new>
@@ -38,17 +37,10 @@ cairo_status_t WriteSvg(void* closure, const unsigned char* data, unsigned int l
 }
 
 std::string ErrorText(const GError* error) {
-    if (error == nullptr || error->message == nullptr) {
-        return "the document cannot be read";
+    if (error == nullptr || error->message == nullptr || error->message[0] == '\0') {
+        return "no reason given";
     }
-    std::string text = error->message;
-    if (!text.empty() && text.back() == '.') {
-        text.pop_back();
-    }
-    if (!text.empty()) {
-        text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
-    }
-    return text;
+    return error->message;
 }
 
 }  // namespace
@@ -77,7 +69,7 @@ bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
             error = "the document is encrypted; it needs a password";
         } else if (gerror != nullptr && gerror->domain == POPPLER_ERROR &&
                    gerror->code == POPPLER_ERROR_DAMAGED) {
-            error = "the document is damaged (" + ErrorText(gerror) + ")";
+            error = "the document is damaged";
         } else {
             error = "the document cannot be read (" + ErrorText(gerror) + ")";
         }

@@ -197,7 +197,7 @@ TEST(PdfImporter, TruncatedDocumentGivesAnErrorAndNoPages) {
     VRKPdfImporter importer;
     std::vector<VRKDrawing> pages(1);
     EXPECT_FALSE(importer.ReadMemory(std::string_view(pdf).substr(0, 40), "plan.pdf", pages));
-    EXPECT_EQ(importer.GetError().rfind("plan.pdf: ", 0), 0u) << importer.GetError();
+    EXPECT_EQ(importer.GetError(), "plan.pdf: the document is damaged");
     EXPECT_TRUE(pages.empty());
 }
 
@@ -208,6 +208,40 @@ TEST(PdfImporter, LooksLikePdf) {
     EXPECT_FALSE(VRKPdfImporter::LooksLikePdf("%PDF"));
     EXPECT_FALSE(VRKPdfImporter::LooksLikePdf(""));
     EXPECT_FALSE(VRKPdfImporter::LooksLikePdf("<?xml version='1.0'?><svg/>"));
+}
+
+}  // namespace
+
+namespace {
+
+TEST(PdfImporter, WarningsNameThePageOnceForAllPages) {
+    const std::string pdf = PdfTestDocument::Make(kPageWidth, kPageHeight, 2, [](cairo_t* c, int) {
+        cairo_rectangle(c, 10, 10, 50, 50);
+        cairo_clip(c);
+        cairo_arc(c, 40, 40, 30, 0, 6.283185307179586);
+        cairo_fill(c);
+    });
+    VRKPdfImporter importer;
+    const std::vector<VRKDrawing> pages = Read(pdf, importer);
+    ASSERT_EQ(pages.size(), 2u);
+    // Clipping is met on both pages and reported once, for the first; the line of the
+    // intermediate SVG is not named.
+    EXPECT_EQ(importer.GetWarnings(),
+              (std::vector<std::string>{
+                  "plan.pdf: page 1: <g>: clipping paths are not supported; drawn unclipped"}));
+}
+
+TEST(PdfImporter, DocumentCutInHalfIsDamaged) {
+    const std::string pdf = PdfTestDocument::Make(kPageWidth, kPageHeight, 2, [](cairo_t* c, int) {
+        cairo_rectangle(c, 10, 10, 50, 50);
+        cairo_fill(c);
+    });
+    VRKPdfImporter importer;
+    std::vector<VRKDrawing> pages(1);
+    EXPECT_FALSE(
+        importer.ReadMemory(std::string_view(pdf).substr(0, pdf.size() / 2), "plan.pdf", pages));
+    EXPECT_EQ(importer.GetError(), "plan.pdf: the document is damaged");
+    EXPECT_TRUE(pages.empty());
 }
 
 }  // namespace
