@@ -245,3 +245,42 @@ TEST(PdfImporter, DocumentCutInHalfIsDamaged) {
 }
 
 }  // namespace
+
+namespace {
+
+// A one-page document under the standard security handler whose user password is not empty:
+// the /U entry matches no key made from the empty password, so the document cannot be opened.
+std::string EncryptedDocument() {
+    const std::string hex32(64, 'A');
+    const std::vector<std::string> objects = {
+        "<< /Type /Catalog /Pages 2 0 R >>",
+        "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 200 100] >>",
+        "<< /Filter /Standard /V 1 /R 2 /O <" + hex32 + "> /U <" + hex32 + "> /P -4 >>",
+    };
+    std::string pdf = "%PDF-1.4\n";
+    std::vector<std::size_t> offsets;
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        offsets.push_back(pdf.size());
+        pdf += std::to_string(i + 1) + " 0 obj\n" + objects[i] + "\nendobj\n";
+    }
+    const std::size_t xref = pdf.size();
+    pdf += "xref\n0 5\n0000000000 65535 f \n";
+    for (const std::size_t offset : offsets) {
+        const std::string digits = std::to_string(offset);
+        pdf += std::string(10 - digits.size(), '0') + digits + " 00000 n \n";
+    }
+    pdf += "trailer\n<< /Size 5 /Root 1 0 R /Encrypt 4 0 R /ID [<" + hex32.substr(0, 32) + "> <" +
+           hex32.substr(0, 32) + ">] >>\nstartxref\n" + std::to_string(xref) + "\n%%EOF\n";
+    return pdf;
+}
+
+TEST(PdfImporter, EncryptedDocumentAsksForAPassword) {
+    VRKPdfImporter importer;
+    std::vector<VRKDrawing> pages(1);
+    EXPECT_FALSE(importer.ReadMemory(EncryptedDocument(), "plan.pdf", pages));
+    EXPECT_EQ(importer.GetError(), "plan.pdf: the document is encrypted; it needs a password");
+    EXPECT_TRUE(pages.empty());
+}
+
+}  // namespace
