@@ -23,6 +23,8 @@ packages=(
   libpugixml-dev
   # SVG drawings: SVG++ (header-only, over Boost) reading through libxml2
   libsvgpp-dev libxml2-dev libboost-dev
+  # PDF drawings: Poppler's GLib interface, rendering through cairo
+  libpoppler-glib-dev libcairo2-dev
   # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
   # that its tests run on without a display
   qt6-base-dev qt6-qpa-plugins

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/drawing/VRKDrawing.h"
+
+// Reads PDF documents into drawings, one a page. Each page is rendered as vector SVG and read by
+// the SVG importer, so a page is drawn as that importer draws it: text as outlined fills, images
+// as images, clipping ignored (and reported). Never throws.
+class VRKPdfImporter {
+  public:
+    // Documents larger than this are refused before they are opened.
+    static constexpr std::size_t kMaxFileBytes = std::size_t{1} << 30;
+    // Documents with more pages than this are refused.
+    static constexpr int kMaxPages = 10000;
+
+    // Reads every page of the PDF held in `data` into `pages` (one drawing each, in order).
+    // `name` names the document in messages. False with GetError() set ("plan.pdf: ..."), and
+    // `pages` emptied: not a PDF, damaged, encrypted (password needed), no pages, or larger
+    // than the limits.
+    bool ReadMemory(std::string_view data, const std::string& name, std::vector<VRKDrawing>& pages);
+    const std::string& GetError() const { return error_; }
+    // What was not drawn as the document asks, each kind once (from the SVG importer's
+    // warnings, with the page named: "plan.pdf: page 2: ...").
+    const std::vector<std::string>& GetWarnings() const { return warnings_; }
+    // True when `head` starts like a PDF file ("%PDF-" within the first 1024 bytes).
+    static bool LooksLikePdf(std::string_view head);
+
+  private:
+    std::string error_;
+    std::vector<std::string> warnings_;
+
+    bool Read(std::string_view data, const std::string& name, std::vector<VRKDrawing>& pages);
+    // A message of the SVG importer about the page's SVG, named `svgName`, rewritten to name
+    // the page instead: "svgName:LINE: what" becomes "pageName: what".
+    static std::string PageMessage(const std::string& message, const std::string& svgName,
+                                   const std::string& pageName);
+};
