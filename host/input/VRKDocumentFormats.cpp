@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "host/input/VRKJobDocumentReader.h"
+#include "host/input/VRKPdfDocumentReader.h"
 #include "host/input/VRKSvgDocumentReader.h"
 
 const std::vector<VRKDocumentReader*>& VRKDocumentFormats::All() {
     static VRKJobDocumentReader job;
     static VRKSvgDocumentReader svg;
-    static const std::vector<VRKDocumentReader*> readers{&job, &svg};
+    static VRKPdfDocumentReader pdf;
+    static const std::vector<VRKDocumentReader*> readers{&job, &svg, &pdf};
     return readers;
 }
 

@@ -184,7 +184,7 @@ TEST(DocumentFormats, AnUnknownDocumentNamesTheFormatsKnown) {
     EXPECT_EQ(VRKDocumentFormats::Choose(input, error), nullptr);
     EXPECT_EQ(error, path +
                          ": not a document this program reads (it reads job files (.job), SVG "
-                         "drawings (.svg))");
+                         "drawings (.svg), PDF documents (.pdf))");
 }
 
 TEST(DocumentFormats, DrawingOptionsOnAJobAreSaidToBeUnused) {
