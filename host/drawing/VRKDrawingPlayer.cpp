@@ -37,47 +37,32 @@ void VRKDrawingPlayer::PlayItems(const VRKDrawing& drawing) {
     }
 }
 
-void VRKDrawingPlayer::ForgetSelections() {
-    drawColor_ = -1;
-    fillColor_ = -1;
-    fillRule_ = -1;
-    width_ = -1.0f;
-    lineStyle_ = -1;
-    cap_ = -1;
-    join_ = -1;
-    textSize_ = -1.0f;
-    textDirection_ = -1000.0f;
-    textFont_ = -1.0f;
-    textWeight_ = -1.0f;
-    textAnchor_ = -1.0f;
-}
-
 void VRKDrawingPlayer::SelectDrawColor(const VRKDrawingColor& color) {
     const int index = palette_.Index(color, generator_);
-    if (index != drawColor_) {
+    if (index != given_.drawColor) {
         generator_.SelectDrawColor(index);
-        drawColor_ = index;
+        given_.drawColor = index;
     }
 }
 
 void VRKDrawingPlayer::SelectPen(const VRKDrawingPen& pen) {
     SelectDrawColor(pen.color);
     const float width = pen.width * placement_.scale;
-    if (width != width_) {
+    if (width != given_.width) {
         generator_.SetDrawWidth(width);
-        width_ = width;
+        given_.width = width;
     }
-    if (pen.lineStyle != lineStyle_) {
+    if (pen.lineStyle != given_.lineStyle) {
         generator_.SetLineStyle(pen.lineStyle);
-        lineStyle_ = pen.lineStyle;
+        given_.lineStyle = pen.lineStyle;
     }
-    if (pen.cap != cap_) {
+    if (pen.cap != given_.cap) {
         generator_.SetLineCap(pen.cap);
-        cap_ = pen.cap;
+        given_.cap = pen.cap;
     }
-    if (pen.join != join_) {
+    if (pen.join != given_.join) {
         generator_.SetLineJoin(pen.join);
-        join_ = pen.join;
+        given_.join = pen.join;
     }
 }
 
@@ -134,17 +119,17 @@ void VRKDrawingPlayer::PlayStroke(const VRKDrawing& drawing, const VRKDrawingIte
 
 void VRKDrawingPlayer::PlayFill(const VRKDrawing& drawing, const VRKDrawingFill& fill) {
     const int index = palette_.Index(fill.color, generator_);
-    if (index != fillColor_) {
+    if (index != given_.fillColor) {
         generator_.SelectFillColor(index);
-        fillColor_ = index;
+        given_.fillColor = index;
     }
     if (fill.ellipse) {
         PlayEllipse(drawing, fill.first, 1);
         return;
     }
-    if (fill.rule != fillRule_) {
+    if (fill.rule != given_.fillRule) {
         generator_.SetPolygonFillRule(fill.rule);
-        fillRule_ = fill.rule;
+        given_.fillRule = fill.rule;
     }
     sizes_.clear();
     xy_.clear();
@@ -171,11 +156,11 @@ void VRKDrawingPlayer::SetText(int kind, float value, float& current) {
 
 void VRKDrawingPlayer::PlayText(const VRKDrawingText& text) {
     SelectDrawColor(text.color);
-    SetText(VRKTextFont, static_cast<float>(text.font), textFont_);
-    SetText(VRKTextWeight, static_cast<float>(text.weight), textWeight_);
-    SetText(VRKTextSize, text.size * placement_.scale, textSize_);
-    SetText(VRKTextDirection, text.direction, textDirection_);
-    SetText(VRKTextAnchor, static_cast<float>(text.anchor), textAnchor_);
+    SetText(VRKTextFont, static_cast<float>(text.font), given_.textFont);
+    SetText(VRKTextWeight, static_cast<float>(text.weight), given_.textWeight);
+    SetText(VRKTextSize, text.size * placement_.scale, given_.textSize);
+    SetText(VRKTextDirection, text.direction, given_.textDirection);
+    SetText(VRKTextAnchor, static_cast<float>(text.anchor), given_.textAnchor);
     generator_.DrawText(X(text.x), Y(text.y), VRKUnicodeString(text.utf8));
 }
 

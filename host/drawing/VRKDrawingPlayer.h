@@ -39,7 +39,7 @@ class VRKDrawingPlayer {
     void SetPlacement(const VRKDrawingLayout::Placement& placement) { placement_ = placement; }
     // Forgets which colours, widths, line and text attributes the generator was given, so that
     // the next calls give them again (after a page advance). The palette's colours stay defined.
-    void ForgetSelections();
+    void ForgetSelections() { given_ = Selections{}; }
 
   private:
     void PlayStroke(const VRKDrawing& drawing, const VRKDrawingItem& item);
@@ -58,19 +58,22 @@ class VRKDrawingPlayer {
     VRKDrawingLayout::Placement placement_;
     VRKDrawingPalette palette_;
 
-    // What the generator was last given; -1 or a negative width: nothing yet.
-    int drawColor_ = -1;
-    int fillColor_ = -1;
-    int fillRule_ = -1;
-    float width_ = -1.0f;
-    int lineStyle_ = -1;
-    int cap_ = -1;
-    int join_ = -1;
-    float textSize_ = -1.0f;
-    float textDirection_ = -1000.0f;
-    float textFont_ = -1.0f;
-    float textWeight_ = -1.0f;
-    float textAnchor_ = -1.0f;
+    // What the generator was last given; -1 (or a direction no one gives): nothing yet.
+    struct Selections {
+        int drawColor = -1;
+        int fillColor = -1;
+        int fillRule = -1;
+        float width = -1.0f;
+        int lineStyle = -1;
+        int cap = -1;
+        int join = -1;
+        float textSize = -1.0f;
+        float textDirection = -1000.0f;
+        float textFont = -1.0f;
+        float textWeight = -1.0f;
+        float textAnchor = -1.0f;
+    };
+    Selections given_;
     // The coordinates of the current run of calls, kept between calls for their memory.
     std::vector<float> xy_;
     std::vector<int> sizes_;

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
-#include <utility>
 
 #include "host/job/VRKJobSource.h"
 
@@ -32,36 +32,20 @@ ssize_t readFully(int fd, char* data, std::size_t size) {
     return static_cast<ssize_t>(done);
 }
 
-// The head already read, then the rest of the descriptor, which it closes.
-class HeadThenFileSource final : public VRKJobSource {
+// A job source reading through the input, the first bytes first. A read error ends the input
+// like the end of the file, as it does for a job file: the job then lacks its End, or the rest of
+// a line, and says so.
+class InputSource final : public VRKJobSource {
   public:
-    HeadThenFileSource(std::string head, int fd) : head_(std::move(head)), fd_(fd) {}
-    ~HeadThenFileSource() override {
-        if (fd_ >= 0) {
-            ::close(fd_);
-        }
-    }
-    HeadThenFileSource(const HeadThenFileSource&) = delete;
-    HeadThenFileSource& operator=(const HeadThenFileSource&) = delete;
+    explicit InputSource(VRKDocumentInput& input) : input_(input) {}
 
     std::size_t Read(char* data, std::size_t size) override {
-        if (offset_ < head_.size()) {
-            const std::size_t n = std::min(size, head_.size() - offset_);
-            std::memcpy(data, head_.data() + offset_, n);
-            offset_ += n;
-            return n;
-        }
-        if (fd_ < 0) {
-            return 0;
-        }
-        const ssize_t n = readFully(fd_, data, size);
-        return n > 0 ? static_cast<std::size_t>(n) : 0;
+        return error_.empty() ? input_.Read(data, size, SIZE_MAX, error_) : 0;
     }
 
   private:
-    std::string head_;
-    std::size_t offset_ = 0;
-    int fd_;
+    VRKDocumentInput& input_;
+    std::string error_;
 };
 
 // The folder of a path without its last slash ("plans/a.svg" gives "plans", "/a.svg" gives
@@ -132,30 +116,20 @@ std::string VRKDocumentInput::GetExtension() const {
 }
 
 bool VRKDocumentInput::ReadAll(std::string& text, std::size_t limit, std::string& error) {
-    text = head_;
-    if (fd_ < 0) {
-        return true;
-    }
+    text.clear();
     char block[1 << 16];
+    std::string failure;
     for (;;) {
-        const ssize_t n = readFully(fd_, block, sizeof block);
-        if (n < 0) {
-            error = name_ + ": cannot read the file: " + std::strerror(errno);
+        const std::size_t n = Read(block, sizeof block, limit, failure);
+        if (!failure.empty()) {
+            error = failure;
             return false;
         }
         if (n == 0) {
-            break;
+            return true;
         }
-        if (text.size() + static_cast<std::size_t>(n) > limit) {
-            error = name_ + ": the file is larger than " + std::to_string(limit >> 20) +
-                    " MiB, more than a drawing this program reads";
-            return false;
-        }
-        text.append(block, static_cast<std::size_t>(n));
+        text.append(block, n);
     }
-    ::close(fd_);
-    fd_ = -1;
-    return true;
 }
 
 std::size_t VRKDocumentInput::Read(char* data, std::size_t size, std::size_t limit,
@@ -185,9 +159,6 @@ std::size_t VRKDocumentInput::Read(char* data, std::size_t size, std::size_t lim
     return count;
 }
 
-std::unique_ptr<VRKJobSource> VRKDocumentInput::TakeSource() {
-    auto source = std::make_unique<HeadThenFileSource>(std::move(head_), fd_);
-    head_.clear();
-    fd_ = -1;
-    return source;
+std::unique_ptr<VRKJobSource> VRKDocumentInput::MakeJobSource() {
+    return std::make_unique<InputSource>(*this);
 }

@@ -43,8 +43,9 @@ class VRKDocumentInput {
     // count; 0 at the end. 0 with `error` set when the document cannot be read or goes beyond
     // `limit` bytes in all.
     std::size_t Read(char* data, std::size_t size, std::size_t limit, std::string& error);
-    // The whole document as a job source, the first bytes first. The input is used up by it.
-    std::unique_ptr<VRKJobSource> TakeSource();
+    // The document as a job source that reads through Read, the first bytes first; the input
+    // must outlive it.
+    std::unique_ptr<VRKJobSource> MakeJobSource();
 
   private:
     std::string path_;

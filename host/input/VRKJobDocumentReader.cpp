@@ -51,7 +51,7 @@ bool VRKJobDocumentReader::Play(VRKDocumentInput& input, VRKPrintGenerator& gene
                                   ": the pen's travel is measured for drawings, not job files");
     }
     VRKJobPlayer player(generator);
-    std::unique_ptr<VRKJobSource> source = input.TakeSource();
+    std::unique_ptr<VRKJobSource> source = input.MakeJobSource();
     if (!player.PlaySource(*source, input.GetName(), input.GetFolder())) {
         result.error = player.GetError().ToString();
         return false;
