@@ -30,12 +30,7 @@ bool VRKJobDocumentReader::Recognizes(std::string_view head) const {
     if (word.empty() || end == head.size()) {
         return false;
     }
-    for (const VRKJobVerb& verb : VRKJobVerbs::kAll) {
-        if (word == verb.name) {
-            return true;
-        }
-    }
-    return false;
+    return VRKJobVerbs::Find(word, nullptr) != nullptr;
 }
 
 bool VRKJobDocumentReader::Play(VRKDocumentInput& input, VRKPrintGenerator& generator,
