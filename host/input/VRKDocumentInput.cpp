@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "host/core/VRKPathName.h"
 #include "host/job/VRKJobSource.h"
 
 namespace {
@@ -48,16 +49,6 @@ class InputSource final : public VRKJobSource {
     std::string error_;
 };
 
-// The folder of a path without its last slash ("plans/a.svg" gives "plans", "/a.svg" gives
-// "/"), or empty for a name without a folder.
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.find_last_of('/');
-    if (slash == std::string::npos) {
-        return {};
-    }
-    return slash == 0 ? std::string("/") : path.substr(0, slash);
-}
-
 }  // namespace
 
 VRKDocumentInput::VRKDocumentInput() = default;
@@ -76,7 +67,7 @@ bool VRKDocumentInput::Open(const std::string& path, std::string& error) {
         fd_ = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0);
     } else {
         name_ = path;
-        folder_ = folderOf(path);
+        folder_ = VRKPathName::Folder(path);
         struct stat info {};
         if (::stat(path.c_str(), &info) != 0) {
             error = path + ": cannot open the file: " + std::strerror(errno);

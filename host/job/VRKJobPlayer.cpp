@@ -8,6 +8,7 @@
 #include <climits>
 #include <cstring>
 
+#include "host/core/VRKPathName.h"
 #include "host/core/VRKPrintGenerator.h"
 #include "host/job/VRKJobFileSource.h"
 #include "host/job/VRKJobMemorySource.h"
@@ -15,14 +16,6 @@
 #include "host/job/VRKJobVerbs.h"
 
 namespace {
-
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.find_last_of('/');
-    if (slash == std::string::npos) {
-        return {};
-    }
-    return slash == 0 ? std::string("/") : path.substr(0, slash);
-}
 
 std::string stateName(bool begun) {
     return begun ? "the job began on line " : "the job ended on line ";
@@ -64,7 +57,7 @@ bool VRKJobPlayer::PlayFile(const std::string& path) {
     // The file is read once from start to end: the kernel may read ahead and drop what was read.
     ::posix_fadvise(fd, 0, 0, POSIX_FADV_SEQUENTIAL);
     VRKJobFileSource source(fd);
-    return PlaySource(source, path, folderOf(path));
+    return PlaySource(source, path, VRKPathName::Folder(path));
 }
 
 bool VRKJobPlayer::Play(std::istream& in, const std::string& fileName,

@@ -8,6 +8,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "host/core/VRKPathName.h"
 #include "host/svg/VRKSvgDocument.h"
 #include "host/svg/VRKSvgRenderer.h"
 
@@ -47,19 +48,6 @@ bool SkipMarkup(std::string_view& text) {
     }
     text.remove_prefix(found + end.size());
     return true;
-}
-
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) {
-        return ".";
-    }
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-std::string BaseName(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
 }  // namespace
@@ -102,7 +90,7 @@ bool VRKSvgImporter::ReadFile(const std::string& path, VRKDrawing& drawing) {
     error_.clear();
     warnings_.clear();
     drawing = VRKDrawing();
-    const std::string name = BaseName(path);
+    const std::string name = VRKPathName::Base(path);
     try {
         std::ifstream in(path, std::ios::binary);
         if (!in) {
@@ -127,7 +115,9 @@ bool VRKSvgImporter::ReadFile(const std::string& path, VRKDrawing& drawing) {
             }
             return static_cast<std::size_t>(in.gcount());
         };
-        return Read(read, name, FolderOf(path), drawing);
+        // Linked images are taken from the file's folder, the current one for a bare name.
+        const std::string folder = VRKPathName::Folder(path);
+        return Read(read, name, folder.empty() ? std::string(".") : folder, drawing);
     } catch (const std::exception& exception) {
         return Failed(exception, name, drawing);
     }
