@@ -30,6 +30,9 @@ packages=(
   qt6-base-dev qt6-qpa-plugins
   # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
   libplot-dev linux-perf
+  # The spooler: the test through a private scheduler (tests/cups) runs cupsd, lpadmin, lp and
+  # the socket backend
+  cups cups-daemon cups-client
   # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
   clang libclang-rt-14-dev
 )
