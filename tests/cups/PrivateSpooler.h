@@ -56,13 +56,19 @@ class PrivateSpooler {
             port_ = free.Port();
         }
         WriteConfiguration();
+        // Everything the child needs is made before the fork: the child only makes system calls.
+        const std::string out = folder_.File("cupsd.out");
+        const std::string conf = folder_.File("cupsd.conf");
+        const std::string files = folder_.File("cups-files.conf");
+        const char* argv[] = {programs_.cupsd.c_str(), "-f",   "-c", conf.c_str(), "-s",
+                              files.c_str(),           nullptr};
         const pid_t pid = ::fork();
         if (pid < 0) {
             error = "cannot start cupsd";
             return false;
         }
         if (pid == 0) {
-            Exec();
+            Exec(out.c_str(), argv);
         }
         pid_ = pid;
         return AwaitAnswer(error);
@@ -214,19 +220,15 @@ class PrivateSpooler {
         folder_.Write("cups-files.conf", files);
     }
 
-    // In the child: becomes cupsd, its output in cupsd.out.
-    [[noreturn]] void Exec() const {
+    // In the child: becomes cupsd (`argv`), its output going to the file `out`.
+    [[noreturn]] static void Exec(const char* out, const char* const* argv) {
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-        const int out =
-            ::open(folder_.File("cupsd.out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        const int in = ::open("/dev/null", O_RDONLY);
-        if (out < 0 || in < 0 || ::dup2(in, 0) < 0 || ::dup2(out, 1) < 0 || ::dup2(out, 2) < 0) {
+        const int output = ::open(out, O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        const int input = ::open("/dev/null", O_RDONLY);
+        if (output < 0 || input < 0 || ::dup2(input, 0) < 0 || ::dup2(output, 1) < 0 ||
+            ::dup2(output, 2) < 0) {
             ::_exit(127);
         }
-        const std::string conf = folder_.File("cupsd.conf");
-        const std::string files = folder_.File("cups-files.conf");
-        const char* argv[] = {programs_.cupsd.c_str(), "-f",   "-c", conf.c_str(), "-s",
-                              files.c_str(),           nullptr};
         ::execv(argv[0], const_cast<char* const*>(argv));
         ::_exit(127);
     }

@@ -58,7 +58,7 @@ TEST_F(SpoolerEndToEnd, APdfPrintedWithLpReachesThePrinterAsTheFiltersPjlJob) {
     ASSERT_NO_FATAL_FAILURE(AddQueue("plotter", VRK_CUPS_PPD));
     ASSERT_NO_FATAL_FAILURE(Print("plotter", pdf));
     const std::optional<std::string> plot = AwaitPlot();
-    ASSERT_TRUE(plot.has_value()) << "no plot reached the printer within 60 s";
+    ASSERT_TRUE(plot.has_value()) << "no plot reached the printer: the job failed, or 60 s passed";
 
     // A PJL job of the HP1000GL2 language: the job opens after a universal exit, switches to
     // HP-GL/2, resets the printer, enters HP-GL/2 from PCL, and closes with its end of job.
