@@ -25,6 +25,9 @@ packages=(
   libsvgpp-dev libxml2-dev libboost-dev
   # PDF drawings: Poppler's GLib interface, rendering through cairo
   libpoppler-glib-dev libcairo2-dev
+  # The spooler's filter and PPD files: libcups (the PPD interface), the PPD compiler, and for
+  # the tests cupstestppd and cupsfilter
+  libcups2-dev cups-ppdc cups-client cups
   # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
   # that its tests run on without a display
   qt6-base-dev qt6-qpa-plugins
