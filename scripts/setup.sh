@@ -33,9 +33,9 @@ packages=(
   qt6-base-dev qt6-qpa-plugins
   # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
   libplot-dev linux-perf
-  # The spooler: the test through a private scheduler (tests/cups) runs cupsd, lpadmin, lp and
-  # the socket backend
-  cups cups-daemon cups-client
+  # The test through a private spooler (tests/cups): cupsd, its socket backend and cups-exec
+  # (lpadmin and lp come with cups-client above)
+  cups-daemon
   # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
   clang libclang-rt-14-dev
 )

@@ -9,6 +9,7 @@
 
 #include "cups/SpoolerEndToEnd.h"
 #include "pdf/PdfTestDocument.h"
+#include "support/Printable.h"
 #include "support/RunProgram.h"
 
 namespace {
@@ -27,30 +28,17 @@ std::string Drawing() {
     });
 }
 
-// What vrkplot writes for `file` in the HP1000GL2 language.
-std::string VrkplotPlot(const TempFolder& folder, const std::string& file) {
-    const int status = RunProgram({VRKPLOT_PATH, file, "-l", "HP1000GL2", "-o", "-"}, folder.Path(),
-                                  folder.File("vrkplot.out"), folder.File("vrkplot.err"));
+// What vrkplot writes for `file` in the HP1000GL2 language with the job name `name` and the
+// layout of a queue's defaults: the 36 in. roll (914.4 mm wide, as long as the drawing and its
+// margins: 297 + 2 x 5 mm for an A4 page) with the printer's 5 mm margins.
+std::string VrkplotPlot(const TempFolder& folder, const std::string& file,
+                        const std::string& name) {
+    const int status =
+        RunProgram({VRKPLOT_PATH, file, "-l", "HP1000GL2", "--job-name", name, "--form",
+                    "914.4x307", "--margins", "5", "-o", "-"},
+                   folder.Path(), folder.File("vrkplot.out"), folder.File("vrkplot.err"));
     EXPECT_EQ(status, 0) << ReadFileBytes(folder.File("vrkplot.err"));
     return ReadFileBytes(folder.File("vrkplot.out"));
-}
-
-// The job name of a PJL job: the value of its first `NAME="..."`.
-std::string JobName(const std::string& plot) {
-    const std::size_t start = plot.find("NAME=\"");
-    const std::size_t end = start == std::string::npos ? start : plot.find('"', start + 6);
-    return end == std::string::npos ? std::string() : plot.substr(start + 6, end - start - 6);
-}
-
-// `plot` with every `NAME="from"` of its PJL lines made `NAME="to"`.
-std::string Renamed(std::string plot, const std::string& from, const std::string& to) {
-    const std::string before = "NAME=\"" + from + "\"";
-    const std::string after = "NAME=\"" + to + "\"";
-    for (std::size_t at = plot.find(before); at != std::string::npos;
-         at = plot.find(before, at + after.size())) {
-        plot.replace(at, before.size(), after);
-    }
-    return plot;
 }
 
 TEST_F(SpoolerEndToEnd, APdfPrintedWithLpReachesThePrinterAsTheFiltersPjlJob) {
@@ -60,23 +48,29 @@ TEST_F(SpoolerEndToEnd, APdfPrintedWithLpReachesThePrinterAsTheFiltersPjlJob) {
     const std::optional<std::string> plot = AwaitPlot();
     ASSERT_TRUE(plot.has_value()) << "no plot reached the printer: the job failed, or 60 s passed";
 
-    // A PJL job of the HP1000GL2 language: the job opens after a universal exit, switches to
-    // HP-GL/2, resets the printer, enters HP-GL/2 from PCL, and closes with its end of job.
-    const std::string name = JobName(*plot);
-    ASSERT_FALSE(name.empty()) << *plot;
-    EXPECT_EQ(plot->substr(0, kUel.size() + 15), kUel + "@PJL JOB NAME=\"") << *plot;
-    EXPECT_NE(plot->find("\n@PJL ENTER LANGUAGE=HPGL2\n\x1B"
-                         "E\x1B%0BBP"),
-              std::string::npos)
-        << *plot;
-    const std::string end = kUel + "@PJL EOJ NAME=\"" + name + "\"\n";
+    // A PJL job of the HP1000GL2 language named after the job's title (lp gives the file's
+    // name): the PJL settings of the printer, then HP-GL/2 entered from PCL, and the roll's form
+    // in plotter units (40 to the millimetre), turned to lie along the roll.
+    const std::string header = kUel +
+                               "@PJL JOB NAME=\"VORAN:drawing.pdf\"\n"
+                               "@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 1000 Series\n"
+                               "@PJL SET MIRROR=OFF\n"
+                               "@PJL SET RESOLUTION=600\n"
+                               "@PJL SET RENDERMODE=COLOR\n"
+                               "@PJL SET PALETTESOURCE=SOFTWARE\n"
+                               "@PJL SET RET=ON\n"
+                               "@PJL SET PRINTAREA=INKEDAREA\n"
+                               "@PJL SET MEDIASOURCE=ROLL1\n"
+                               "@PJL ENTER LANGUAGE=HPGL2\n"
+                               "\x1B"
+                               "E\x1B%0BBP5,0INECQL100PS36576,12280IP0,0,36576,12280RO270";
+    EXPECT_EQ(plot->substr(0, header.size()), header) << Printable(*plot);
+    const std::string end = "PG;" + kUel + "@PJL EOJ NAME=\"VORAN:drawing.pdf\"\n";
     ASSERT_GE(plot->size(), end.size());
-    EXPECT_EQ(plot->substr(plot->size() - end.size()), end);
+    EXPECT_EQ(plot->substr(plot->size() - end.size()), end) << Printable(*plot);
 
-    // The bytes vrkplot writes for the same document and language, once its job name (the
-    // document's path) is the spooler's.
-    const std::string expected = VrkplotPlot(Folder(), pdf);
-    EXPECT_EQ(*plot, Renamed(expected, JobName(expected), name));
+    // Byte for byte what vrkplot writes for the same document, job name and layout.
+    EXPECT_EQ(*plot, VrkplotPlot(Folder(), pdf, "drawing.pdf"));
 }
 
 }  // namespace
