@@ -33,8 +33,8 @@ packages=(
   qt6-base-dev qt6-qpa-plugins
   # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
   libplot-dev linux-perf
-  # The test through a private spooler (tests/cups): cupsd, its socket backend and cups-exec
-  # (lpadmin and lp come with cups-client above)
+  # The test through a private spooler (tests/cups): cupsd and cups-exec (the socket backend comes
+  # with cups, lpadmin and lp with cups-client, both above)
   cups-daemon
   # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
   clang libclang-rt-14-dev

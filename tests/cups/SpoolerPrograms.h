@@ -2,8 +2,9 @@
 
 // Where the spooler's own programs are on this machine: the scheduler, the two clients the test
 // uses, the backend that sends a job to a printer's raw port, and the helper the scheduler starts
-// every filter and backend through. Debian keeps them under /usr/lib/cups; other systems under
-// /usr/libexec/cups.
+// every filter and backend through. Debian keeps them under /usr/lib/cups (the package `cups`
+// installs its backends in backend-available and links the ones enabled into backend); other
+// systems under /usr/libexec/cups.
 
 #include <unistd.h>
 
@@ -28,7 +29,8 @@ class SpoolerPrograms {
         };
         find({"/usr/sbin/cupsd"}, programs.cupsd) &&
             find({"/usr/sbin/lpadmin"}, programs.lpadmin) && find({"/usr/bin/lp"}, programs.lp) &&
-            find({"/usr/lib/cups/backend/socket", "/usr/libexec/cups/backend/socket"},
+            find({"/usr/lib/cups/backend/socket", "/usr/lib/cups/backend-available/socket",
+                  "/usr/libexec/cups/backend/socket"},
                  programs.socketBackend) &&
             find({"/usr/lib/cups/daemon/cups-exec", "/usr/libexec/cups/daemon/cups-exec"},
                  programs.cupsExec);
