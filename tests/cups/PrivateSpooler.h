@@ -24,6 +24,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -62,13 +63,28 @@ class PrivateSpooler {
         const std::string files = folder_.File("cups-files.conf");
         const char* argv[] = {programs_.cupsd.c_str(), "-f",   "-c", conf.c_str(), "-s",
                               files.c_str(),           nullptr};
+        // cupsd tells the colour manager of the system bus about every queue it adds; its system
+        // bus is a socket of the scratch folder that nobody serves, so the machine's bus never
+        // hears of the test's queues.
+        std::vector<std::string> environment{"DBUS_SYSTEM_BUS_ADDRESS=unix:path=" +
+                                             folder_.File("no-bus")};
+        for (char** variable = environ; *variable != nullptr; ++variable) {
+            if (std::string_view(*variable).rfind("DBUS_SYSTEM_BUS_ADDRESS=", 0) != 0) {
+                environment.emplace_back(*variable);
+            }
+        }
+        std::vector<const char*> envp;
+        for (const std::string& variable : environment) {
+            envp.push_back(variable.c_str());
+        }
+        envp.push_back(nullptr);
         const pid_t pid = ::fork();
         if (pid < 0) {
             error = "cannot start cupsd";
             return false;
         }
         if (pid == 0) {
-            Exec(out.c_str(), argv);
+            Exec(out.c_str(), argv, envp.data());
         }
         pid_ = pid;
         return AwaitAnswer(error);
@@ -220,8 +236,9 @@ class PrivateSpooler {
         folder_.Write("cups-files.conf", files);
     }
 
-    // In the child: becomes cupsd (`argv`), its output going to the file `out`.
-    [[noreturn]] static void Exec(const char* out, const char* const* argv) {
+    // In the child: becomes cupsd (`argv`, `envp`), its output going to the file `out`.
+    [[noreturn]] static void Exec(const char* out, const char* const* argv,
+                                  const char* const* envp) {
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
         const int output = ::open(out, O_WRONLY | O_CREAT | O_TRUNC, 0644);
         const int input = ::open("/dev/null", O_RDONLY);
@@ -229,7 +246,7 @@ class PrivateSpooler {
             ::dup2(output, 2) < 0) {
             ::_exit(127);
         }
-        ::execv(argv[0], const_cast<char* const*>(argv));
+        ::execve(argv[0], const_cast<char* const*>(argv), const_cast<char* const*>(envp));
         ::_exit(127);
     }
 
