@@ -187,4 +187,42 @@ TEST_F(CupsFilter, TheQueuesSettingsFileMustBeOfThePrintersLanguage) {
     EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2", "other"), 0) << err;
 }
 
+// A queue's pens: 1 red, 2 green, 3 black, all enabled.
+constexpr const char* kQueuePens =
+    "<?xml version=\"1.0\"?>\n"
+    "<HPGLProperties>\n"
+    "  <pens>\n"
+    "    <pen number=\"1\" red=\"255\" green=\"0\" blue=\"0\" width=\"0.5\" enable=\"YES\" />\n"
+    "    <pen number=\"2\" red=\"0\" green=\"255\" blue=\"0\" width=\"0.5\" enable=\"YES\" />\n"
+    "    <pen number=\"3\" red=\"0\" green=\"0\" blue=\"0\" width=\"0.5\" enable=\"YES\" />\n"
+    "  </pens>\n"
+    "</HPGLProperties>\n";
+
+TEST_F(CupsFilter, ThePenTableOfTheQueuesSettingsFile) {
+    const std::string settings = folder.Write("plotroom.xml", kQueuePens);
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "VRKPenTable=Settings PageSize=A4", pdf}, "vrk-hpgl"),
+              0)
+        << err;
+    const std::string filtered = out;
+    // The black drawing takes the queue's black pen, 3 (the job's frame selects pen 1 first).
+    EXPECT_EQ(filtered.substr(0, 17), "PU0,0PR;SP1;SP3PU") << filtered;
+    EXPECT_EQ(count(filtered, "SP3"), 1) << filtered;
+
+    // The plot vrkplot makes with the same settings file on the PPD's A4 (595 by 842 points,
+    // 209.9 by 297 mm) inside its 5 mm margins.
+    ASSERT_EQ(RunProgram({VRKPLOT_PATH, "-q", "-l", "HPGL", "--settings", settings, "--form",
+                          "209.9x297", "--margins", "5", "-o", "vrkplot.plt", pdf},
+                         folder.Path(), folder.File("vrkplot.out"), folder.File("vrkplot.err")),
+              0)
+        << ReadFileBytes(folder.File("vrkplot.err"));
+    EXPECT_EQ(filtered, ReadFileBytes(folder.File("vrkplot.plt")));
+
+    // The standard pens instead: black is pen 1.
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "VRKPenTable=Standard PageSize=A4", pdf}, "vrk-hpgl"),
+              0)
+        << err;
+    EXPECT_EQ(out.substr(0, 17), "PU0,0PR;SP1;SP1PU") << out;
+    EXPECT_EQ(count(out, "SP3"), 0) << out;
+}
+
 }  // namespace
