@@ -1,0 +1,228 @@
+// The filter run as the spooler runs it: arguments, $PPD pointing at a built PPD file, the plot
+// on standard output and the messages on standard error.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "cups/support/CupsTestDocuments.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+class CupsFilter : public ::testing::Test {
+  protected:
+    CupsFilter() : folder("cups-filter") { pdf = folder.Write("plan.pdf", CupsTestPdf()); }
+
+    // Runs the filter with `args` after the program's name and the PPD of `ppd` ("vrk-hpgl2"),
+    // the queue `queue`; `out` and `err` get what it wrote.
+    int Run(const std::vector<std::string>& args, const std::string& ppd,
+            const std::string& queue = "plotroom", const std::string& input = "/dev/null") {
+        std::vector<std::string> argv{VRKPLOT_CUPS_PATH};
+        argv.insert(argv.end(), args.begin(), args.end());
+        const int status =
+            RunProgram(argv, folder.Path(), folder.File("out"), folder.File("err"),
+                       {"PPD=" + std::string(VRK_PPD_FOLDER) + "/" + ppd + ".ppd",
+                        "PRINTER=" + queue, "VRK_CUPS_SETTINGS_DIR=" + folder.Path()},
+                       input);
+        out = ReadFileBytes(folder.File("out"));
+        err = ReadFileBytes(folder.File("err"));
+        return status;
+    }
+
+    TempFolder folder;
+    std::string pdf;
+    std::string out;
+    std::string err;
+};
+
+// The number of times `part` is in `text`.
+int count(const std::string& text, const std::string& part) {
+    int n = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos;
+         at = text.find(part, at + part.size())) {
+        ++n;
+    }
+    return n;
+}
+
+const std::string kUel = "\x1b%-12345X";
+
+TEST_F(CupsFilter, HPGL2) {
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hpgl2"), 0) << err;
+    // Reset, HP-GL/2 mode, then the job: A4 (595 by 842 points) with the cutter on and quality
+    // 100, the PPD's defaults.
+    EXPECT_EQ(out.substr(0, 43), std::string("\x1b"
+                                             "E\x1b%0BINECQL100PS8395,11880IP0,0,8395,11880"));
+    EXPECT_EQ(err, "INFO: plotted " + pdf + " (HPGL2, 1 copy)\n");
+}
+
+TEST_F(CupsFilter, HPGL) {
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hpgl"), 0) << err;
+    EXPECT_EQ(out.substr(0, 16), "PU0,0PR;SP1;SP1P");
+    EXPECT_EQ(err, "INFO: plotted " + pdf + " (HPGL, 1 copy)\n");
+}
+
+TEST_F(CupsFilter, HP1000GL2) {
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp1000gl2"), 0) << err;
+    const std::string header = kUel +
+                               "@PJL JOB NAME=\"VORAN:Plan 7\"\n"
+                               "@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 1000 Series\n"
+                               "@PJL SET MIRROR=OFF\n"
+                               "@PJL SET RESOLUTION=600\n"
+                               "@PJL SET RENDERMODE=COLOR\n"
+                               "@PJL SET PALETTESOURCE=SOFTWARE\n"
+                               "@PJL SET RET=ON\n"
+                               "@PJL SET PRINTAREA=INKEDAREA\n"
+                               "@PJL SET MEDIASOURCE=ROLL1\n"
+                               "@PJL ENTER LANGUAGE=HPGL2\n";
+    // The plot starts after the header: reset, HP-GL/2, then the quality of the PPD's default
+    // (High, the best).
+    const std::string start =
+        "\x1b"
+        "E\x1b%0BBP5,0INECQL100";
+    EXPECT_EQ(out.substr(0, header.size() + start.size()), header + start);
+    EXPECT_EQ(count(out, kUel + "@PJL EOJ NAME=\"VORAN:Plan 7\"\n"), 1);
+}
+
+TEST_F(CupsFilter, HP4000GL2) {
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2"), 0) << err;
+    const std::string header = kUel +
+                               "@PJL JOB NAME=\"VORAN:Plan 7\"\n"
+                               "@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 4000 Series\n"
+                               "@PJL SET MIRROR=OFF\n"
+                               "@PJL SET RESOLUTION=600\n"
+                               "@PJL SET RENDERMODE=COLOR\n"
+                               "@PJL SET PALETTESOURCE=SOFTWARE\n"
+                               "@PJL SET RET=ON\n"
+                               "@PJL SET PRINTAREA=INKEDAREA\n"
+                               "@PJL SET MEDIASOURCE=ROLL1\n"
+                               "@PJL SET PRINTQUALITY=NORMAL\n"
+                               "@PJL SET MAXDETAIL=ON\n"
+                               "@PJL ENTER LANGUAGE=HPGL2\n";
+    // The PPD's default size is the 36 in. roll: 914.4 mm (36576 plotter units) across, and as
+    // long as the drawing and the margins, 60 mm (2400 units).
+    const std::string start =
+        "\x1b"
+        "E\x1b%0BBP5,0INECPS36576,2400IP0,0,36576,2400";
+    EXPECT_EQ(out.substr(0, header.size() + start.size()), header + start);
+    EXPECT_EQ(out.substr(out.size() - 42), "PG;\n" + kUel + "@PJL EOJ NAME=\"VORAN:Plan 7\"\n");
+}
+
+TEST_F(CupsFilter, TwoCopiesAreTwoWholeJobs) {
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2"), 0) << err;
+    const std::string one = out;
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "2", "", pdf}, "vrk-hp4000gl2"), 0) << err;
+    EXPECT_EQ(out, one + one);
+    EXPECT_EQ(count(out, kUel + "@PJL JOB NAME="), 2);
+    EXPECT_EQ(count(out, "@PJL EOJ"), 2);
+    EXPECT_EQ(err, "INFO: plotted " + pdf + " (HP4000GL2, 2 copies)\n");
+}
+
+TEST_F(CupsFilter, TheDocumentFromStandardInput) {
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp1000gl2"), 0) << err;
+    const std::string fromFile = out;
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "2", ""}, "vrk-hp1000gl2", "plotroom", pdf), 0) << err;
+    EXPECT_EQ(out, fromFile + fromFile);
+    EXPECT_EQ(err, "INFO: plotted the document (HP1000GL2, 2 copies)\n");
+}
+
+TEST_F(CupsFilter, ADamagedPdfIsAnErrorWithNothingWritten) {
+    const std::string damaged = folder.Write("damaged.pdf", CupsTestPdf().substr(0, 200));
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", damaged}, "vrk-hp4000gl2"), 1);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "ERROR: " + damaged + ": the document is damaged\n");
+    EXPECT_EQ(folder.Listing(), "damaged.pdf\nerr\nout\nplan.pdf\n");
+}
+
+TEST_F(CupsFilter, AWrongArgumentCountPrintsTheUsage) {
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1"}, "vrk-hpgl2"), 1);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "Usage: vrkplot-cups job user title copies options [file]\n");
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf, "more"}, "vrk-hpgl2"), 1);
+    EXPECT_EQ(err, "Usage: vrkplot-cups job user title copies options [file]\n");
+}
+
+TEST_F(CupsFilter, BadCopiesAndOptionsAreErrors) {
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "two", "", pdf}, "vrk-hpgl2"), 1);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "ERROR: copies: 'two' is not a whole number\n");
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "0", "", pdf}, "vrk-hpgl2"), 1);
+    EXPECT_EQ(err, "ERROR: copies: 0 is not from 1 to 9999\n");
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "print-scaling=wide", pdf}, "vrk-hpgl2"), 1);
+    EXPECT_EQ(err, "ERROR: print-scaling=wide: not auto, fit, fill or none\n");
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "MediaType=Canvas", pdf}, "vrk-hpgl2"), 0) << err;
+}
+
+TEST_F(CupsFilter, AMissingPpdIsAnError) {
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "no-such"), 1);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err.substr(0, 30), "ERROR: cannot read the PPD fil");
+}
+
+TEST_F(CupsFilter, ThePpdChoicesReachThePlot) {
+    ASSERT_EQ(
+        Run({"7", "ann", "Plan 7", "1",
+             "Resolution=1200dpi cupsPrintQuality=High InputSlot=ManualFeed VRKInkedArea=False",
+             pdf},
+            "vrk-hp4000gl2"),
+        0)
+        << err;
+    EXPECT_EQ(count(out, "@PJL SET RESOLUTION=1200\n"), 1) << out.substr(0, 600);
+    EXPECT_EQ(count(out, "@PJL SET PRINTQUALITY=HIGH\n"), 1) << out.substr(0, 600);
+    EXPECT_EQ(count(out, "@PJL SET MEDIASOURCE=MANUALFEED\n"), 1) << out.substr(0, 600);
+    EXPECT_EQ(count(out, "@PJL SET PRINTAREA=FULLSIZE\n"), 1) << out.substr(0, 600);
+}
+
+TEST_F(CupsFilter, TheQueuesSettingsFileMustBeOfThePrintersLanguage) {
+    folder.Write("plotroom.xml",
+                 "<?xml version=\"1.0\"?>\n<HPGL2Properties mediaType=\"Vellum\" />\n");
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2"), 1);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err.substr(0, 7), "ERROR: ");
+    EXPECT_NE(err.find("plotroom.xml"), std::string::npos) << err;
+    // Another queue has no file.
+    EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2", "other"), 0) << err;
+}
+
+// A queue's pens: 1 red, 2 green, 3 black, all enabled.
+constexpr const char* kQueuePens =
+    "<?xml version=\"1.0\"?>\n"
+    "<HPGLProperties>\n"
+    "  <pens>\n"
+    "    <pen number=\"1\" red=\"255\" green=\"0\" blue=\"0\" width=\"0.5\" enable=\"YES\" />\n"
+    "    <pen number=\"2\" red=\"0\" green=\"255\" blue=\"0\" width=\"0.5\" enable=\"YES\" />\n"
+    "    <pen number=\"3\" red=\"0\" green=\"0\" blue=\"0\" width=\"0.5\" enable=\"YES\" />\n"
+    "  </pens>\n"
+    "</HPGLProperties>\n";
+
+TEST_F(CupsFilter, ThePenTableOfTheQueuesSettingsFile) {
+    const std::string settings = folder.Write("plotroom.xml", kQueuePens);
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "VRKPenTable=Settings PageSize=A4", pdf}, "vrk-hpgl"),
+              0)
+        << err;
+    const std::string filtered = out;
+    // The black drawing takes the queue's black pen, 3 (the job's frame selects pen 1 first).
+    EXPECT_EQ(filtered.substr(0, 17), "PU0,0PR;SP1;SP3PU") << filtered;
+    EXPECT_EQ(count(filtered, "SP3"), 1) << filtered;
+
+    // The plot vrkplot makes with the same settings file on the PPD's A4 (595 by 842 points,
+    // 209.9 by 297 mm) inside its 5 mm margins.
+    ASSERT_EQ(RunProgram({VRKPLOT_PATH, "-q", "-l", "HPGL", "--settings", settings, "--form",
+                          "209.9x297", "--margins", "5", "-o", "vrkplot.plt", pdf},
+                         folder.Path(), folder.File("vrkplot.out"), folder.File("vrkplot.err")),
+              0)
+        << ReadFileBytes(folder.File("vrkplot.err"));
+    EXPECT_EQ(filtered, ReadFileBytes(folder.File("vrkplot.plt")));
+
+    // The standard pens instead: black is pen 1.
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "VRKPenTable=Standard PageSize=A4", pdf}, "vrk-hpgl"),
+              0)
+        << err;
+    EXPECT_EQ(out.substr(0, 17), "PU0,0PR;SP1;SP1PU") << out;
+    EXPECT_EQ(count(out, "SP3"), 0) << out;
+}
+
+}  // namespace
