@@ -1,6 +1,6 @@
 // A PDF printed with `lp` through a private cupsd to a queue of the HP1000GL2 PPD reaches the
-// printer's raw port as the filter made it: a PJL job with HP-GL/2 inside, the same bytes vrkplot
-// writes for that document and language but for the job's name.
+// printer's raw port as the filter made it: a PJL job with HP-GL/2 inside, the very bytes vrkplot
+// writes for that document, language, job name and layout.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 
 #include "cups/SpoolerEndToEnd.h"
-#include "pdf/PdfTestDocument.h"
+#include "cups/support/CupsTestDocuments.h"
 #include "support/Printable.h"
 #include "support/RunProgram.h"
 
@@ -16,33 +16,21 @@ namespace {
 
 const std::string kUel = "\x1B%-12345X";
 
-// An A4 page with a framed rectangle and a diagonal line.
-std::string Drawing() {
-    return PdfTestDocument::Make(595.2756, 841.8898, 1, [](cairo_t* cairo, int) {
-        cairo_set_line_width(cairo, 1);
-        cairo_rectangle(cairo, 72, 72, 144, 72);
-        cairo_stroke(cairo);
-        cairo_move_to(cairo, 72, 400);
-        cairo_line_to(cairo, 500, 500);
-        cairo_stroke(cairo);
-    });
-}
-
 // What vrkplot writes for `file` in the HP1000GL2 language with the job name `name` and the
 // layout of a queue's defaults: the 36 in. roll (914.4 mm wide, as long as the drawing and its
-// margins: 297 + 2 x 5 mm for an A4 page) with the printer's 5 mm margins.
+// margins: 50 + 2 x 5 mm for the test page) with the printer's 5 mm margins.
 std::string VrkplotPlot(const TempFolder& folder, const std::string& file,
                         const std::string& name) {
     const int status =
-        RunProgram({VRKPLOT_PATH, file, "-l", "HP1000GL2", "--job-name", name, "--form",
-                    "914.4x307", "--margins", "5", "-o", "-"},
+        RunProgram({VRKPLOT_PATH, file, "-l", "HP1000GL2", "--job-name", name, "--form", "914.4x60",
+                    "--margins", "5", "-o", "-"},
                    folder.Path(), folder.File("vrkplot.out"), folder.File("vrkplot.err"));
     EXPECT_EQ(status, 0) << ReadFileBytes(folder.File("vrkplot.err"));
     return ReadFileBytes(folder.File("vrkplot.out"));
 }
 
 TEST_F(SpoolerEndToEnd, APdfPrintedWithLpReachesThePrinterAsTheFiltersPjlJob) {
-    const std::string pdf = Folder().Write("drawing.pdf", Drawing());
+    const std::string pdf = Folder().Write("drawing.pdf", CupsTestPdf());
     ASSERT_NO_FATAL_FAILURE(AddQueue("plotter", VRK_CUPS_PPD));
     ASSERT_NO_FATAL_FAILURE(Print("plotter", pdf));
     const std::optional<std::string> plot = AwaitPlot();
@@ -63,7 +51,7 @@ TEST_F(SpoolerEndToEnd, APdfPrintedWithLpReachesThePrinterAsTheFiltersPjlJob) {
                                "@PJL SET MEDIASOURCE=ROLL1\n"
                                "@PJL ENTER LANGUAGE=HPGL2\n"
                                "\x1B"
-                               "E\x1B%0BBP5,0INECQL100PS36576,12280IP0,0,36576,12280RO270";
+                               "E\x1B%0BBP5,0INECQL100PS36576,2400IP0,0,36576,2400RO270";
     EXPECT_EQ(plot->substr(0, header.size()), header) << Printable(*plot);
     const std::string end = "PG;" + kUel + "@PJL EOJ NAME=\"VORAN:drawing.pdf\"\n";
     ASSERT_GE(plot->size(), end.size());
