@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -50,6 +51,13 @@ class SpoolerEndToEnd : public ::testing::Test {
                          << VRK_CUPS_FILTER << " is not one";
         }
         spooler_ = std::make_unique<PrivateSpooler>(programs, account);
+        const std::string temporary =
+            std::filesystem::path(spooler_->Folder().Path()).parent_path().string();
+        if (!account.CanAccess(temporary, X_OK)) {
+            GTEST_SKIP() << "cupsd runs the filter as `" << account.User()
+                         << "`, who cannot enter the temporary folder " << temporary
+                         << " that holds the spooler's files (set TMPDIR to one it can enter)";
+        }
         lpadmin_ = programs.lpadmin;
         lp_ = programs.lp;
         if (!spooler_->Start({{"vrkplot-cups", VRK_CUPS_FILTER}}, why)) {
