@@ -187,6 +187,27 @@ TEST_F(CupsFilter, TheQueuesSettingsFileMustBeOfThePrintersLanguage) {
     EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2", "other"), 0) << err;
 }
 
+TEST_F(CupsFilter, PageSizesOrientationAndScaling) {
+    const auto form = [this](const std::string& options) {
+        EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", options, pdf}, "vrk-hpgl2"), 0) << err;
+        // From the page size to the pen width.
+        const std::size_t end = out.find("LA1");
+        return out.substr(15, end == std::string::npos ? 0 : end - 15);
+    };
+    // 200 by 100 mm: 8000 by 4000 plotter units, laid across.
+    EXPECT_EQ(form("PageSize=Custom.200x100mm"),
+              "PS8000,4000IP0,0,8000,4000RO270NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.35");
+    // The job's media names the page size; A3 is 297 by 420.2 mm.
+    EXPECT_EQ(form("media=A3"),
+              "PS11880,16808IP0,0,11880,16808NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.35");
+    EXPECT_EQ(form("PageSize=A3 orientation-requested=4"),
+              "PS16808,11880IP0,0,16808,11880RO270NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.35");
+    // Fitted to A4 inside the margins, the drawing and its lines (1 point, 0.35 mm) are about twice
+    // as large.
+    EXPECT_EQ(form("PageSize=A4 print-scaling=fit"),
+              "PS8395,11880IP0,0,8395,11880NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.71");
+}
+
 // A queue's pens: 1 red, 2 green, 3 black, all enabled.
 constexpr const char* kQueuePens =
     "<?xml version=\"1.0\"?>\n"
