@@ -208,6 +208,31 @@ TEST_F(CupsFilter, PageSizesOrientationAndScaling) {
               "PS8395,11880IP0,0,8395,11880NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.71");
 }
 
+TEST_F(CupsFilter, JobFilesAndSvgDrawings) {
+    // A job file sets its own pages: the plot is vrkplot's, and the PPD's page size is left
+    // unused without a warning.
+    const std::string job = std::string(VRK_EXAMPLES_DIR) + "/a4-drawing.job";
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", job}, "vrk-hp4000gl2"), 0) << err;
+    EXPECT_EQ(err, "INFO: plotted " + job + " (HP4000GL2, 1 copy)\n");
+    ASSERT_EQ(RunProgram({VRKPLOT_PATH, "-q", "-l", "HP4000GL2", "--job-name", "Plan 7", "-o",
+                          "vrkplot.plt", job},
+                         folder.Path(), folder.File("vrkplot.out"), folder.File("vrkplot.err")),
+              0)
+        << ReadFileBytes(folder.File("vrkplot.err"));
+    EXPECT_EQ(out, ReadFileBytes(folder.File("vrkplot.plt")));
+
+    // An SVG drawing of 100 by 50 mm on A4.
+    const std::string svg = folder.Write(
+        "plan.svg",
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100mm\" height=\"50mm\" "
+        "viewBox=\"0 0 100 50\"><path d=\"M10 10 L90 40\" stroke=\"black\" /></svg>\n");
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "PageSize=A4", svg}, "vrk-hpgl2"), 0) << err;
+    EXPECT_EQ(out.substr(0, 43),
+              "\x1b"
+              "E\x1b%0BINECQL100PS8395,11880IP0,0,8395,11880");
+    EXPECT_EQ(err, "INFO: plotted " + svg + " (HPGL2, 1 copy)\n");
+}
+
 // A queue's pens: 1 red, 2 green, 3 black, all enabled.
 constexpr const char* kQueuePens =
     "<?xml version=\"1.0\"?>\n"
