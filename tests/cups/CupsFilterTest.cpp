@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -135,6 +136,20 @@ TEST_F(CupsFilter, ADamagedPdfIsAnErrorWithNothingWritten) {
     EXPECT_EQ(out, "");
     EXPECT_EQ(err, "ERROR: " + damaged + ": the document is damaged\n");
     EXPECT_EQ(folder.Listing(), "damaged.pdf\nerr\nout\nplan.pdf\n");
+}
+
+TEST_F(CupsFilter, AFailedWriteIsAnError) {
+    std::filesystem::create_directory(folder.File("tmp"));
+    const int status =
+        RunProgram({VRKPLOT_CUPS_PATH, "7", "ann", "Plan 7", "1", "", pdf}, folder.Path(),
+                   "/dev/full", folder.File("err"),
+                   {"PPD=" + std::string(VRK_PPD_FOLDER) + "/vrk-hpgl2.ppd",
+                    "VRK_CUPS_SETTINGS_DIR=" + folder.Path(), "TMPDIR=" + folder.File("tmp")});
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(ReadFileBytes(folder.File("err")),
+              "ERROR: writing the plot: No space left on device\n");
+    // The temporary plot is gone.
+    EXPECT_TRUE(std::filesystem::is_empty(folder.File("tmp")));
 }
 
 TEST_F(CupsFilter, AWrongArgumentCountPrintsTheUsage) {
