@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -137,6 +138,20 @@ TEST_F(CupsFilter, ADamagedPdfIsAnErrorWithNothingWritten) {
     EXPECT_EQ(folder.Listing(), "damaged.pdf\nerr\nout\nplan.pdf\n");
 }
 
+TEST_F(CupsFilter, AFailedWriteIsAnError) {
+    std::filesystem::create_directory(folder.File("tmp"));
+    const int status =
+        RunProgram({VRKPLOT_CUPS_PATH, "7", "ann", "Plan 7", "1", "", pdf}, folder.Path(),
+                   "/dev/full", folder.File("err"),
+                   {"PPD=" + std::string(VRK_PPD_FOLDER) + "/vrk-hpgl2.ppd",
+                    "VRK_CUPS_SETTINGS_DIR=" + folder.Path(), "TMPDIR=" + folder.File("tmp")});
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(ReadFileBytes(folder.File("err")),
+              "ERROR: writing the plot: No space left on device\n");
+    // The temporary plot is gone.
+    EXPECT_TRUE(std::filesystem::is_empty(folder.File("tmp")));
+}
+
 TEST_F(CupsFilter, AWrongArgumentCountPrintsTheUsage) {
     EXPECT_EQ(Run({"7", "ann", "Plan 7", "1"}, "vrk-hpgl2"), 1);
     EXPECT_EQ(out, "");
@@ -185,6 +200,52 @@ TEST_F(CupsFilter, TheQueuesSettingsFileMustBeOfThePrintersLanguage) {
     EXPECT_NE(err.find("plotroom.xml"), std::string::npos) << err;
     // Another queue has no file.
     EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp4000gl2", "other"), 0) << err;
+}
+
+TEST_F(CupsFilter, PageSizesOrientationAndScaling) {
+    const auto form = [this](const std::string& options) {
+        EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", options, pdf}, "vrk-hpgl2"), 0) << err;
+        // From the page size to the pen width.
+        const std::size_t end = out.find("LA1");
+        return out.substr(15, end == std::string::npos ? 0 : end - 15);
+    };
+    // 200 by 100 mm: 8000 by 4000 plotter units, laid across.
+    EXPECT_EQ(form("PageSize=Custom.200x100mm"),
+              "PS8000,4000IP0,0,8000,4000RO270NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.35");
+    // The job's media names the page size; A3 is 297 by 420.2 mm.
+    EXPECT_EQ(form("media=A3"),
+              "PS11880,16808IP0,0,11880,16808NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.35");
+    EXPECT_EQ(form("PageSize=A3 orientation-requested=4"),
+              "PS16808,11880IP0,0,16808,11880RO270NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.35");
+    // Fitted to A4 inside the margins, the drawing and its lines (1 point, 0.35 mm) are about twice
+    // as large.
+    EXPECT_EQ(form("PageSize=A4 print-scaling=fit"),
+              "PS8395,11880IP0,0,8395,11880NP256TR0MC0SP0LA2,2,3,2PC1,0,0,0SP1PW0.71");
+}
+
+TEST_F(CupsFilter, JobFilesAndSvgDrawings) {
+    // A job file sets its own pages: the plot is vrkplot's, and the PPD's page size is left
+    // unused without a warning.
+    const std::string job = std::string(VRK_EXAMPLES_DIR) + "/a4-drawing.job";
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", job}, "vrk-hp4000gl2"), 0) << err;
+    EXPECT_EQ(err, "INFO: plotted " + job + " (HP4000GL2, 1 copy)\n");
+    ASSERT_EQ(RunProgram({VRKPLOT_PATH, "-q", "-l", "HP4000GL2", "--job-name", "Plan 7", "-o",
+                          "vrkplot.plt", job},
+                         folder.Path(), folder.File("vrkplot.out"), folder.File("vrkplot.err")),
+              0)
+        << ReadFileBytes(folder.File("vrkplot.err"));
+    EXPECT_EQ(out, ReadFileBytes(folder.File("vrkplot.plt")));
+
+    // An SVG drawing of 100 by 50 mm on A4.
+    const std::string svg = folder.Write(
+        "plan.svg",
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100mm\" height=\"50mm\" "
+        "viewBox=\"0 0 100 50\"><path d=\"M10 10 L90 40\" stroke=\"black\" /></svg>\n");
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "PageSize=A4", svg}, "vrk-hpgl2"), 0) << err;
+    EXPECT_EQ(out.substr(0, 43),
+              "\x1b"
+              "E\x1b%0BINECQL100PS8395,11880IP0,0,8395,11880");
+    EXPECT_EQ(err, "INFO: plotted " + svg + " (HPGL2, 1 copy)\n");
 }
 
 // A queue's pens: 1 red, 2 green, 3 black, all enabled.

@@ -376,6 +376,10 @@ TEST(CupsJobMapping, Scaling) {
     EXPECT_EQ(errorOf(r), "fit-to-page=perhaps: not true or false");
 }
 
+TEST(CupsJobMapping, TheLayoutIsThePrinters) {
+    EXPECT_TRUE(mapped(request("HPGL2")).document.layoutFromPrinter);
+}
+
 TEST(CupsJobMapping, ThePenPlotterOrdersForTravel) {
     EXPECT_TRUE(mapped(request("HPGL")).document.orderForTravel);
     EXPECT_FALSE(mapped(request("HPGL2")).document.orderForTravel);

@@ -278,6 +278,8 @@ bool mapDocument(const CupsJobRequest& request, VRKDocumentOptions& document, st
         error = "print-scaling=" + scaling + ": not auto, fit, fill or none";
         return false;
     }
+    // Every job has a page size from the PPD; job files set their own pages without a word.
+    document.layoutFromPrinter = true;
     // A pen plotter's pen-up moves cost time and wear; the printers draw a page at once.
     document.orderForTravel = request.language == "HPGL";
     return true;

@@ -180,7 +180,11 @@ int run(int argc, char** argv) {
     if (!plotted) {
         return kFailure;
     }
-    if (!PlotCopies::Write(plot.Path(), job.copies, STDOUT_FILENO, error)) {
+    // A job cancelled while its copies are written leaves no plot behind either.
+    TemporaryFiles::Set(plot.Path());
+    const bool written = PlotCopies::Write(plot.Path(), job.copies, STDOUT_FILENO, error);
+    TemporaryFiles::Set(std::string());
+    if (!written) {
         return fail(error);
     }
     std::cerr << "INFO: plotted " << (document == "-" ? "the document" : document) << " ("
