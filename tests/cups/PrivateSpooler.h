@@ -3,7 +3,7 @@
 // A spooler of the test's own: cupsd in the foreground on a free port of 127.0.0.1, with every
 // folder it writes (ServerRoot, RequestRoot, TempDir, CacheDir, StateDir, the logs, the printcap)
 // in a scratch folder, and a ServerBin of its own holding only what a job to a raw port needs: the
-// system's `socket` backend, the system's `cups-exec` helper, and the filters the test names, all
+// system's `socket` backend, the system's `cups-exec` launcher, and the filters the test names, all
 // as links. DataDir is the system's, for the MIME types. The machine's own spooler, its
 // configuration and its spool are never read or written.
 //

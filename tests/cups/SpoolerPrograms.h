@@ -1,7 +1,7 @@
 #pragma once
 
 // Where the spooler's own programs are on this machine: the scheduler, the two clients the test
-// uses, the backend that sends a job to a printer's raw port, and the helper the scheduler starts
+// uses, the backend that sends a job to a printer's raw port, and the launcher the scheduler starts
 // every filter and backend through. Debian keeps them under /usr/lib/cups (the package `cups`
 // installs its backends in backend-available and links the ones enabled into backend); other
 // systems under /usr/libexec/cups.
