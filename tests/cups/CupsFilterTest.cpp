@@ -171,6 +171,15 @@ TEST_F(CupsFilter, BadCopiesAndOptionsAreErrors) {
     EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "MediaType=Canvas", pdf}, "vrk-hpgl2"), 0) << err;
 }
 
+TEST_F(CupsFilter, WithoutAPpdNothingIsPlotted) {
+    const int status = RunProgram({VRKPLOT_CUPS_PATH, "7", "ann", "Plan 7", "1", "", pdf},
+                                  folder.Path(), folder.File("out"), folder.File("err"), {"PPD="});
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(ReadFileBytes(folder.File("out")), "");
+    EXPECT_EQ(ReadFileBytes(folder.File("err")),
+              "ERROR: no PPD file: the spooler names the printer's PPD file in $PPD\n");
+}
+
 TEST_F(CupsFilter, AMissingPpdIsAnError) {
     EXPECT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "no-such"), 1);
     EXPECT_EQ(out, "");
