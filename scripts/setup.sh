@@ -7,6 +7,9 @@ set -euo pipefail
 packages=(
   # Toolchain
   cmake ninja-build g++ pkg-config clang-format
+  # Packaging (cpack -G DEB): dpkg-shlibdeps for the package's dependencies, and file, which
+  # cpack asks which packaged files are ELF objects
+  dpkg-dev file
   # Tests and benchmarks
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   # localedef and the locale sources, for the tests that run under a decimal-comma locale
