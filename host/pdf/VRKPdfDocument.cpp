@@ -4,9 +4,12 @@
 #include <cairo.h>
 #include <poppler.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <new>
+#include <set>
+#include <vector>
 
 namespace {
 
@@ -43,10 +46,42 @@ std::string ErrorText(const GError* error) {
     return error->message;
 }
 
+// The font name without its subset prefix: six capital letters and a plus sign.
+std::string WithoutSubset(const char* name) {
+    std::string text = name != nullptr ? name : "";
+    if (text.size() > 7 && text[6] == '+') {
+        bool prefix = true;
+        for (int i = 0; i < 6; ++i) {
+            prefix = prefix && text[i] >= 'A' && text[i] <= 'Z';
+        }
+        if (prefix) {
+            text.erase(0, 7);
+        }
+    }
+    return text;
+}
+
+// The text as one string a character, UTF-8 sequences kept whole.
+std::vector<std::string> SplitCharacters(const char* text) {
+    std::vector<std::string> characters;
+    for (const char* at = text; *at != '\0';) {
+        const char* next = g_utf8_find_next_char(at, nullptr);
+        if (next == nullptr) {
+            next = at + std::char_traits<char>::length(at);
+        }
+        characters.emplace_back(at, next);
+        at = next;
+    }
+    return characters;
+}
+
 }  // namespace
 
 struct VRKPdfDocument::Handle {
     PopplerDocument* document = nullptr;
+    // The names of the document's Type 3 fonts, read once, when text is first asked for.
+    bool fontsRead = false;
+    std::set<std::string> type3Fonts;
     ~Handle() {
         if (document != nullptr) {
             g_object_unref(document);
@@ -131,4 +166,71 @@ bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error)
         return false;
     }
     return true;
+}
+
+void VRKPdfDocument::PageCharacters(int index, std::vector<VRKPdfCharacter>& characters) const {
+    characters.clear();
+    if (handle_->document == nullptr) {
+        return;
+    }
+    if (!handle_->fontsRead) {
+        handle_->fontsRead = true;
+        PopplerFontInfo* info = poppler_font_info_new(handle_->document);
+        PopplerFontsIter* fonts = nullptr;
+        while (poppler_font_info_scan(info, PageCount(), &fonts)) {
+            if (fonts == nullptr) {
+                continue;
+            }
+            do {
+                if (poppler_fonts_iter_get_font_type(fonts) == POPPLER_FONT_TYPE_TYPE3) {
+                    handle_->type3Fonts.insert(WithoutSubset(poppler_fonts_iter_get_name(fonts)));
+                }
+            } while (poppler_fonts_iter_next(fonts));
+            poppler_fonts_iter_free(fonts);
+            fonts = nullptr;
+        }
+        g_object_unref(info);
+    }
+    PopplerPage* page = poppler_document_get_page(handle_->document, index);
+    if (page == nullptr) {
+        return;
+    }
+    char* text = poppler_page_get_text(page);
+    PopplerRectangle* boxes = nullptr;
+    guint count = 0;
+    const bool laidOut = poppler_page_get_text_layout(page, &boxes, &count);
+    GList* attributes = poppler_page_get_text_attributes(page);
+    g_object_unref(page);
+    std::vector<std::string> utf8 =
+        text != nullptr ? SplitCharacters(text) : std::vector<std::string>();
+    g_free(text);
+    // The text, its boxes and its attributes must tell of the same characters.
+    if (laidOut && utf8.size() == count) {
+        characters.resize(count);
+        for (guint i = 0; i < count; ++i) {
+            VRKPdfCharacter& character = characters[i];
+            character.utf8 = std::move(utf8[i]);
+            character.x1 = boxes[i].x1;
+            character.y1 = boxes[i].y1;
+            character.x2 = boxes[i].x2;
+            character.y2 = boxes[i].y2;
+            character.plain = false;
+        }
+        for (GList* item = attributes; item != nullptr; item = item->next) {
+            const auto* run = static_cast<const PopplerTextAttributes*>(item->data);
+            // A font without a name is reported as "Default"; only Type 3 fonts may lack one.
+            const bool named =
+                run->font_name != nullptr && std::string_view(run->font_name) != "Default";
+            const std::string font = WithoutSubset(run->font_name);
+            const bool plain = named && handle_->type3Fonts.count(font) == 0;
+            for (int i = std::max(run->start_index, 0);
+                 i <= run->end_index && i < static_cast<int>(count); ++i) {
+                characters[i].font = font;
+                characters[i].size = run->font_size;
+                characters[i].plain = plain;
+            }
+        }
+    }
+    g_free(boxes);
+    poppler_page_free_text_attributes(attributes);
 }

@@ -1,0 +1,437 @@
+#include "host/pdf/VRKPdfTextLabels.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+// How far (points) a glyph's origin may be from a character's edge and still start it: the
+// SVG text rounds coordinates to a few decimals.
+constexpr double kEdgeTolerance = 0.02;
+
+// A <use> of a glyph symbol in the page's content.
+struct Glyph {
+    std::size_t start = 0;  // of "<use"
+    std::size_t end = 0;    // after "/>"
+    double x = 0.0;
+    double y = 0.0;
+    std::size_t group = 0;  // glyphs drawn in one call share a group
+    // Along the baseline, unit length; which of the character box's edges the origin is on.
+    double dx = 1.0;
+    double dy = 0.0;
+    int axis = 0;  // 0 +x, 1 +y (down the page), 2 -x, 3 -y
+    int character = -1;
+};
+
+std::string Lower(std::string text) {
+    for (char& c : text) {
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return text;
+}
+
+bool Contains(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
+
+// The value of attribute `name` in the element text `element`, or false.
+bool AttributeNumber(std::string_view element, std::string_view name, double& value) {
+    std::size_t at = 0;
+    while ((at = element.find(name, at)) != std::string_view::npos) {
+        const bool whole =
+            at > 0 && element[at - 1] == ' ' && element.substr(at + name.size(), 2) == "=\"";
+        if (whole) {
+            const std::string number(
+                element.substr(at + name.size() + 2,
+                               element.find('"', at + name.size() + 2) - (at + name.size() + 2)));
+            const char* end = number.data() + number.size();
+            const std::from_chars_result read = std::from_chars(number.data(), end, value);
+            return read.ec == std::errc() && read.ptr == end && std::isfinite(value);
+        }
+        at += name.size();
+    }
+    return false;
+}
+
+// The glyph uses of the content after the definitions, grouped by the drawing call, in order;
+// only groups whose opening element paints with a plain colour.
+std::vector<Glyph> FindGlyphs(const std::string& svg) {
+    std::vector<Glyph> glyphs;
+    const std::size_t defs = svg.find("</defs>");
+    std::size_t at = defs == std::string::npos ? 0 : defs;
+    std::size_t group = 0;
+    bool open = false;  // the glyph before ends right where this one's white space begins
+    std::size_t previousEnd = 0;
+    while ((at = svg.find("<use xlink:href=\"#glyph", at)) != std::string::npos) {
+        const std::size_t end = svg.find("/>", at);
+        if (end == std::string::npos) {
+            break;
+        }
+        Glyph glyph;
+        glyph.start = at;
+        glyph.end = end + 2;
+        const std::string_view element(svg.data() + at, glyph.end - at);
+        at = glyph.end;
+        if (!AttributeNumber(element, "x", glyph.x) || !AttributeNumber(element, "y", glyph.y)) {
+            open = false;
+            continue;
+        }
+        const bool follows = open && svg.find_first_not_of(" \t\r\n", previousEnd) == glyph.start;
+        if (!follows) {
+            // The first glyph of a group: the element before it must open a group that fills
+            // with a plain colour.
+            const std::size_t tag = svg.rfind('<', glyph.start - 1);
+            const std::string_view opening(svg.data() + tag, glyph.start - tag);
+            const bool plain =
+                opening.rfind("<g style=\"", 0) == 0 &&
+                opening.find("fill:rgb(") != std::string_view::npos &&
+                svg.find_first_not_of(" \t\r\n", svg.find('>', tag) + 1) == glyph.start;
+            if (!plain) {
+                open = false;
+                continue;
+            }
+            ++group;
+        }
+        glyph.group = group;
+        glyphs.push_back(glyph);
+        open = true;
+        previousEnd = glyph.end;
+    }
+    return glyphs;
+}
+
+int Axis(double dx, double dy) {
+    if (std::fabs(dx) >= std::fabs(dy)) {
+        return dx >= 0.0 ? 0 : 2;
+    }
+    return dy >= 0.0 ? 1 : 3;
+}
+
+// True when the origin (x, y) is on the edge of `c` where text along `axis` starts.
+bool Starts(const VRKPdfCharacter& c, int axis, double x, double y) {
+    const double t = kEdgeTolerance;
+    const bool acrossX = x >= c.x1 - t && x <= c.x2 + t;
+    const bool acrossY = y >= c.y1 - t && y <= c.y2 + t;
+    switch (axis) {
+        case 0:
+            return std::fabs(x - c.x1) <= t && acrossY;
+        case 1:
+            return std::fabs(y - c.y1) <= t && acrossX;
+        case 2:
+            return std::fabs(x - c.x2) <= t && acrossY;
+        default:
+            return std::fabs(y - c.y2) <= t && acrossX;
+    }
+}
+
+// Where text along `axis` enters `c`, and where it leaves it.
+double StartEdge(const VRKPdfCharacter& c, int axis) {
+    switch (axis) {
+        case 0:
+            return c.x1;
+        case 1:
+            return c.y1;
+        case 2:
+            return c.x2;
+        default:
+            return c.y2;
+    }
+}
+
+double EndEdge(const VRKPdfCharacter& c, int axis) {
+    switch (axis) {
+        case 0:
+            return c.x2;
+        case 1:
+            return c.y2;
+        case 2:
+            return c.x1;
+        default:
+            return c.y1;
+    }
+}
+
+double Along(int axis, double x, double y) {
+    return axis == 0 || axis == 2 ? x : y;
+}
+
+bool IsSpace(const std::string& utf8) {
+    return utf8 == " " || utf8 == "\t" || utf8 == "\n" || utf8 == "\r" || utf8 == "\xc2\xa0";
+}
+
+// The character list sorted by where text along each axis starts, for finding the character a
+// glyph's origin starts without going through every character.
+class StartIndex {
+  public:
+    explicit StartIndex(const std::vector<VRKPdfCharacter>& characters) : characters_(characters) {
+        for (int axis = 0; axis < 4; ++axis) {
+            for (std::size_t i = 0; i < characters.size(); ++i) {
+                const VRKPdfCharacter& c = characters[i];
+                if (c.utf8 != "\n") {
+                    starts_[axis].emplace_back(StartEdge(c, axis), static_cast<int>(i));
+                }
+            }
+            std::sort(starts_[axis].begin(), starts_[axis].end());
+        }
+    }
+    // The characters that a glyph at (x, y) along `axis` starts, in text order.
+    std::vector<int> Find(int axis, double x, double y) const {
+        const double key = Along(axis, x, y);
+        const auto& list = starts_[axis];
+        std::vector<int> found;
+        auto it =
+            std::lower_bound(list.begin(), list.end(), std::make_pair(key - kEdgeTolerance, -1));
+        for (; it != list.end() && it->first <= key + kEdgeTolerance; ++it) {
+            if (Starts(characters_[it->second], axis, x, y)) {
+                found.push_back(it->second);
+            }
+        }
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+
+  private:
+    const std::vector<VRKPdfCharacter>& characters_;
+    std::vector<std::pair<double, int>> starts_[4];
+};
+
+// Four decimals, with a point whatever the locale (the program may run in one with a comma).
+std::string Number(double value) {
+    char text[64];
+    const std::to_chars_result written =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 4);
+    return std::string(text, written.ptr);
+}
+
+std::string Escaped(const std::string& text) {
+    std::string out;
+    for (const char c : text) {
+        switch (c) {
+            case '&':
+                out += "&amp;";
+                break;
+            case '<':
+                out += "&lt;";
+                break;
+            case '>':
+                out += "&gt;";
+                break;
+            default:
+                // Control characters are not allowed in XML text.
+                out += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+        }
+    }
+    return out;
+}
+
+// Finds the character each glyph starts. A glyph's direction is the way to the next glyph of
+// its group (or from the one before); a glyph alone in its group takes it from the one edge
+// of a character its origin is on.
+void Match(std::vector<Glyph>& glyphs, const std::vector<VRKPdfCharacter>& characters) {
+    const StartIndex index(characters);
+    std::vector<bool> taken(characters.size(), false);
+    for (std::size_t k = 0; k < glyphs.size(); ++k) {
+        Glyph& glyph = glyphs[k];
+        const Glyph* other = nullptr;
+        double sign = 1.0;
+        if (k + 1 < glyphs.size() && glyphs[k + 1].group == glyph.group) {
+            other = &glyphs[k + 1];
+        } else if (k > 0 && glyphs[k - 1].group == glyph.group) {
+            other = &glyphs[k - 1];
+            sign = -1.0;
+        }
+        std::vector<int> found;
+        if (other != nullptr) {
+            const double dx = sign * (other->x - glyph.x);
+            const double dy = sign * (other->y - glyph.y);
+            const double length = std::hypot(dx, dy);
+            if (!(length > 0.0)) {
+                continue;
+            }
+            glyph.dx = dx / length;
+            glyph.dy = dy / length;
+            glyph.axis = Axis(dx, dy);
+            found = index.Find(glyph.axis, glyph.x, glyph.y);
+        } else {
+            int axes = 0;
+            for (int axis = 0; axis < 4; ++axis) {
+                std::vector<int> candidates = index.Find(axis, glyph.x, glyph.y);
+                if (!candidates.empty()) {
+                    ++axes;
+                    found = std::move(candidates);
+                    glyph.axis = axis;
+                }
+            }
+            if (axes != 1) {
+                continue;
+            }
+            const double angle = glyph.axis * kPi / 2.0;
+            glyph.dx = std::round(std::cos(angle));
+            glyph.dy = std::round(std::sin(angle));
+        }
+        // Of several characters starting there (text drawn twice), the first not yet taken,
+        // preferring the one after the glyph before's.
+        const int after =
+            k > 0 && glyphs[k - 1].group == glyph.group && glyphs[k - 1].character >= 0
+                ? glyphs[k - 1].character + 1
+                : -1;
+        for (const int i : found) {
+            if (i == after && !taken[i]) {
+                glyph.character = i;
+            }
+        }
+        for (std::size_t f = 0; f < found.size() && glyph.character < 0; ++f) {
+            if (!taken[found[f]]) {
+                glyph.character = found[f];
+            }
+        }
+        if (glyph.character >= 0) {
+            taken[glyph.character] = true;
+        }
+    }
+}
+
+// The last character glyph `g` draws: its own, or the last of the characters without glyphs
+// of their own that follow it edge to edge in the same font (a ligature draws several).
+int LastCharacter(const Glyph& g, const std::vector<VRKPdfCharacter>& characters,
+                  const std::vector<bool>& drawn) {
+    int end = g.character;
+    while (end + 1 < static_cast<int>(characters.size()) && !drawn[end + 1] &&
+           !IsSpace(characters[end + 1].utf8) && characters[end + 1].font == characters[end].font &&
+           std::fabs(EndEdge(characters[end], g.axis) - StartEdge(characters[end + 1], g.axis)) <=
+               kEdgeTolerance) {
+        ++end;
+    }
+    return end;
+}
+
+// True when glyph `b` carries on the run whose glyph before it is `a`, ending at character
+// `aEnd`: same group and direction, a character of the same plain font and size, its origin at
+// the end edge of `aEnd`. The text layer's reading order does not matter (it may break text
+// that runs at a slant into lines of its own).
+bool Continues(const Glyph& a, int aEnd, const Glyph& b,
+               const std::vector<VRKPdfCharacter>& characters) {
+    if (b.character < 0 || a.group != b.group || a.axis != b.axis ||
+        a.dx * b.dx + a.dy * b.dy < 0.999) {
+        return false;
+    }
+    const VRKPdfCharacter& first = characters[a.character];
+    const VRKPdfCharacter& next = characters[b.character];
+    if (next.font != first.font || next.size != first.size || !next.plain) {
+        return false;
+    }
+    return std::fabs(EndEdge(characters[aEnd], a.axis) - Along(a.axis, b.x, b.y)) <= kEdgeTolerance;
+}
+
+}  // namespace
+
+std::string VRKPdfTextLabels::Family(const std::string& font) {
+    const std::string name = Lower(font);
+    if (Contains(name, "courier")) {
+        return "Courier";
+    }
+    if (Contains(name, "mono")) {
+        return "monospace";
+    }
+    if (Contains(name, "sans") || Contains(name, "helvetica") || Contains(name, "arial") ||
+        Contains(name, "verdana")) {
+        return "sans-serif";
+    }
+    if (Contains(name, "times") || Contains(name, "serif") || Contains(name, "roman") ||
+        Contains(name, "georgia") || Contains(name, "garamond") || Contains(name, "palatino")) {
+        return "serif";
+    }
+    return "";
+}
+
+bool VRKPdfTextLabels::Bold(const std::string& font) {
+    const std::string name = Lower(font);
+    return Contains(name, "bold") || Contains(name, "black") || Contains(name, "heavy");
+}
+
+std::size_t VRKPdfTextLabels::Apply(std::string& svg,
+                                    const std::vector<VRKPdfCharacter>& characters) {
+    if (characters.empty()) {
+        return 0;
+    }
+    std::vector<Glyph> glyphs = FindGlyphs(svg);
+    Match(glyphs, characters);
+    std::vector<bool> drawn(characters.size(), false);
+    for (const Glyph& glyph : glyphs) {
+        if (glyph.character >= 0) {
+            drawn[glyph.character] = true;
+        }
+    }
+
+    std::string out;
+    out.reserve(svg.size());
+    std::size_t copied = 0;
+    std::size_t labels = 0;
+    for (std::size_t k = 0; k < glyphs.size();) {
+        const Glyph& first = glyphs[k];
+        if (first.character < 0 || !characters[first.character].plain ||
+            !(characters[first.character].size > 0.0)) {
+            ++k;
+            continue;
+        }
+        // The run's text: each glyph's characters, in the order the glyphs are drawn.
+        std::string text;
+        bool visible = false;
+        std::size_t last = k;
+        for (;;) {
+            const int end = LastCharacter(glyphs[last], characters, drawn);
+            for (int i = glyphs[last].character; i <= end; ++i) {
+                text += characters[i].utf8;
+                visible = visible || !IsSpace(characters[i].utf8);
+            }
+            if (last + 1 >= glyphs.size() ||
+                !Continues(glyphs[last], end, glyphs[last + 1], characters)) {
+                break;
+            }
+            ++last;
+        }
+        if (!visible) {
+            k = last + 1;
+            continue;
+        }
+        const VRKPdfCharacter& font = characters[first.character];
+        double dx = first.dx, dy = first.dy;
+        if (last > k) {
+            dx = glyphs[last].x - first.x;
+            dy = glyphs[last].y - first.y;
+        }
+        const double angle = std::atan2(dy, dx) * 180.0 / kPi;
+        std::string element = "<text x=\"" + Number(first.x) + "\" y=\"" + Number(first.y) + "\"";
+        if (std::fabs(angle) > 1e-6) {
+            element += " transform=\"rotate(" + Number(angle) + " " + Number(first.x) + " " +
+                       Number(first.y) + ")\"";
+        }
+        element +=
+            " xml:space=\"preserve\" style=\"stroke:none;font-size:" + Number(font.size) + "px";
+        const std::string family = Family(font.font);
+        if (!family.empty()) {
+            element += ";font-family:" + family;
+        }
+        if (Bold(font.font)) {
+            element += ";font-weight:bold";
+        }
+        element += "\">" + Escaped(text) + "</text>";
+        out.append(svg, copied, first.start - copied);
+        out += element;
+        copied = first.end;
+        for (std::size_t g = k + 1; g <= last; ++g) {
+            out.append(svg, copied, glyphs[g].start - copied);
+            copied = glyphs[g].end;
+        }
+        ++labels;
+        k = last + 1;
+    }
+    out.append(svg, copied, std::string::npos);
+    svg = std::move(out);
+    return labels;
+}
