@@ -85,7 +85,11 @@ std::vector<Glyph> FindGlyphs(const std::string& svg) {
         if (!follows) {
             // The first glyph of a group: the element before it must open a group that fills
             // with a plain colour.
-            const std::size_t tag = svg.rfind('<', glyph.start - 1);
+            const std::size_t tag = glyph.start > 0 ? svg.rfind('<', glyph.start - 1) : svg.npos;
+            if (tag == svg.npos) {
+                open = false;
+                continue;
+            }
             const std::string_view opening(svg.data() + tag, glyph.start - tag);
             const bool plain =
                 opening.rfind("<g style=\"", 0) == 0 &&

@@ -267,6 +267,22 @@ TEST(PdfLabels, ClippingTextStaysOutOfTheLabels) {
     EXPECT_EQ(pages[0].fills.size(), 1u);
 }
 
+TEST(PdfLabels, StrokedTextStaysOutlines) {
+    // Render mode 1: the glyphs' outlines stroked, not filled; no plotter font draws that.
+    PdfObjectWriter pdf;
+    pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
+    pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
+    pdf.Add(
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 200 100] /Contents 4 0 R "
+        "/Resources << /Font << /F1 5 0 R >> >> >>");
+    pdf.AddStream("BT 1 Tr /F1 40 Tf 20 30 Td (Hi) Tj ET");
+    pdf.Add("<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>");
+    const std::vector<VRKDrawing> pages = Read(pdf.Document(), true);
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_TRUE(pages[0].texts.empty());
+    EXPECT_FALSE(pages[0].strokes.empty());
+}
+
 }  // namespace
 
 namespace {
