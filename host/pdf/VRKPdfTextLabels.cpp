@@ -4,12 +4,19 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
+// The cosine of the angle between a glyph's upright and its baseline beyond which the text is
+// slanted too far for a label: 15 degrees off square. Obliques of 10 or 12 degrees are labelled
+// upright, as italics are.
+const double kMaxSlant = std::sin(15.0 * 3.14159265358979323846 / 180.0);
 // How far (points) a glyph's origin may be from a character's edge and still start it: the
 // SVG text rounds coordinates to a few decimals.
 constexpr double kEdgeTolerance = 0.02;
@@ -26,6 +33,7 @@ struct Glyph {
     double dy = 0.0;
     int axis = 0;  // 0 +x, 1 +y (down the page), 2 -x, 3 -y
     int character = -1;
+    std::string font;  // the symbol's font: "glyph3-" for "#glyph3-12"
 };
 
 std::string Lower(std::string text) {
@@ -101,12 +109,80 @@ std::vector<Glyph> FindGlyphs(const std::string& svg) {
             }
             ++group;
         }
+        const std::size_t name = glyph.start + 18;  // after "<use xlink:href=\"#"
+        const std::size_t dash = svg.find('-', name);
+        if (dash == std::string::npos || dash > glyph.end) {
+            open = false;
+            continue;
+        }
+        glyph.font = svg.substr(name, dash + 1 - name);
         glyph.group = group;
         glyphs.push_back(glyph);
         open = true;
         previousEnd = glyph.end;
     }
     return glyphs;
+}
+
+// The fonts (as "glyphN-") whose glyphs are drawn with a slant: a plotter font cannot be
+// sheared. cairo gives each font on the page (a face at one size, angle and slant) symbols of
+// its own, the first of them ("glyphN-0") its missing-glyph shape, which most fonts draw as a
+// box. Drawn through a sheared matrix that box is a parallelogram whose corners are no longer
+// square; a font whose first shape is no box says nothing, and is taken as upright.
+std::set<std::string> SlantedFonts(const std::string& svg) {
+    std::set<std::string> slanted;
+    const std::size_t defs = svg.find("</defs>");
+    const std::string_view head(svg.data(), defs == std::string::npos ? 0 : defs);
+    const std::string_view symbol = "<symbol overflow=\"visible\" id=\"glyph";
+    std::size_t at = 0;
+    while ((at = head.find(symbol, at)) != std::string_view::npos) {
+        at += symbol.size();
+        const std::size_t close = head.find('"', at);
+        if (close == std::string_view::npos || head.substr(close - 2, 2) != "-0") {
+            continue;
+        }
+        const std::string font = "glyph" + std::string(head.substr(at, close - 1 - at));
+        const std::size_t d = head.find(" d=\"", close);
+        const std::size_t end = d == std::string_view::npos ? d : head.find('"', d + 4);
+        if (end == std::string_view::npos ||
+            head.substr(close, d - close).find("</symbol>") != std::string_view::npos) {
+            continue;
+        }
+        // The first ring, when it is "M x y L x y L x y L x y Z".
+        std::string path(head.substr(d + 4, end - d - 4));
+        for (char& c : path) {
+            c = (c == 'M' || c == 'L' || c == 'Z') ? ' ' : c;
+        }
+        const std::string_view ring(head.substr(d + 4, end - d - 4));
+        const std::size_t z = ring.find('Z');
+        if (ring.substr(0, 2) != "M " || z == std::string_view::npos ||
+            std::count(ring.begin(), ring.begin() + static_cast<std::ptrdiff_t>(z), 'L') != 3 ||
+            ring.substr(0, z).find_first_of("CQ") != std::string_view::npos) {
+            continue;
+        }
+        double v[8];
+        const char* p = path.data();
+        const char* last = path.data() + z;
+        bool read = true;
+        for (double& value : v) {
+            while (p < last && *p == ' ') {
+                ++p;
+            }
+            const std::from_chars_result r = std::from_chars(p, last, value);
+            read = read && r.ec == std::errc();
+            p = r.ptr;
+        }
+        if (!read) {
+            continue;
+        }
+        const double ax = v[2] - v[0], ay = v[3] - v[1];
+        const double bx = v[4] - v[2], by = v[5] - v[3];
+        const double la = std::hypot(ax, ay), lb = std::hypot(bx, by);
+        if (la > 0.0 && lb > 0.0 && std::fabs(ax * bx + ay * by) / (la * lb) > kMaxSlant) {
+            slanted.insert(font);
+        }
+    }
+    return slanted;
 }
 
 int Axis(double dx, double dy) {
@@ -369,6 +445,13 @@ std::size_t VRKPdfTextLabels::Apply(std::string& svg,
     for (const Glyph& glyph : glyphs) {
         if (glyph.character >= 0) {
             drawn[glyph.character] = true;
+        }
+    }
+    // Glyphs of slanted fonts stay outlines (their characters stay drawn: no label takes them).
+    const std::set<std::string> slanted = SlantedFonts(svg);
+    for (Glyph& glyph : glyphs) {
+        if (slanted.count(glyph.font) != 0) {
+            glyph.character = -1;
         }
     }
 

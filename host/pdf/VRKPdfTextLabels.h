@@ -16,7 +16,8 @@
 //
 // What stays outlines: glyphs no character of the text layer starts at (text drawn as a clip,
 // stroked text, patterns), glyphs of Type 3 fonts and of fonts without a name, glyphs painted
-// with anything but a plain colour, and glyphs in definitions (patterns, masks).
+// with anything but a plain colour, glyphs in definitions (patterns, masks), and glyphs of a
+// font drawn slanted more than 15 degrees.
 class VRKPdfTextLabels {
   public:
     // Rewrites `svg` in place; the number of labels made.

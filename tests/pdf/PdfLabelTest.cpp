@@ -155,6 +155,33 @@ TEST(PdfLabels, TwoColoursAreTwoLabels) {
     EXPECT_NEAR(page.texts[1].y, Y(70), kTolerance);
 }
 
+TEST(PdfLabels, HeavilySlantedTextStaysOutlines) {
+    const std::string pdf = PdfTestDocument::Make(kPageWidth, kPageHeight, 1, [](cairo_t* c, int) {
+        // Sheared by 30 degrees: no plotter font leans so.
+        cairo_save(c);
+        cairo_translate(c, 20, 40);
+        cairo_matrix_t shear;
+        cairo_matrix_init(&shear, 1, 0, -0.577, 1, 0, 0);
+        cairo_transform(c, &shear);
+        Show(c, "DejaVu Sans", CAIRO_FONT_WEIGHT_NORMAL, 12, 0, 0, 0, "Lean");
+        cairo_restore(c);
+        // Sheared by 5 degrees: labelled upright.
+        cairo_translate(c, 20, 80);
+        cairo_matrix_init(&shear, 1, 0, -0.0875, 1, 0, 0);
+        cairo_transform(c, &shear);
+        Show(c, "DejaVu Sans", CAIRO_FONT_WEIGHT_NORMAL, 12, 0, 0, 0, "Tilt");
+    });
+    const std::vector<VRKDrawing> pages = Read(pdf, true);
+    ASSERT_EQ(pages.size(), 1u);
+    const VRKDrawing& page = pages[0];
+    EXPECT_EQ(page.fills.size(), 4u);
+    ASSERT_EQ(page.texts.size(), 1u);
+    EXPECT_EQ(page.texts[0].utf8, "Tilt");
+    EXPECT_NEAR(page.texts[0].x, X(20), kTolerance);
+    EXPECT_NEAR(page.texts[0].y, Y(80), kTolerance);
+    EXPECT_NEAR(page.texts[0].direction, 0.0, kAngleTolerance);
+}
+
 TEST(PdfLabels, TextBetweenShapesKeepsItsPlaceInTheDrawingOrder) {
     const std::string pdf = PdfTestDocument::Make(kPageWidth, kPageHeight, 1, [](cairo_t* c, int) {
         cairo_rectangle(c, 10, 10, 20, 20);
