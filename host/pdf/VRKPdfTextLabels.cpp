@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <initializer_list>
 #include <set>
 #include <string>
 #include <string_view>
@@ -16,7 +17,7 @@ constexpr double kPi = 3.14159265358979323846;
 // The cosine of the angle between a glyph's upright and its baseline beyond which the text is
 // slanted too far for a label: 15 degrees off square. Obliques of 10 or 12 degrees are labelled
 // upright, as italics are.
-const double kMaxSlant = std::sin(15.0 * 3.14159265358979323846 / 180.0);
+const double kMaxSlant = std::sin(15.0 * kPi / 180.0);
 // How far (points) a glyph's origin may be from a character's edge and still start it: the
 // SVG text rounds coordinates to a few decimals.
 constexpr double kEdgeTolerance = 0.02;
@@ -412,18 +413,29 @@ bool Continues(const Glyph& a, int aEnd, const Glyph& b,
 
 std::string VRKPdfTextLabels::Family(const std::string& font) {
     const std::string name = Lower(font);
+    const auto any = [&name](std::initializer_list<const char*> parts) {
+        return std::any_of(parts.begin(), parts.end(),
+                           [&name](const char* part) { return Contains(name, part); });
+    };
+    // TeX's Computer Modern faces are named by abbreviations: cmtt typewriter, cmss sans
+    // serif, the rest (cmr, cmbx, cmti, cmsl, ...) serif.
+    const bool computerModern = name.rfind("cm", 0) == 0 && name.size() > 2 &&
+                                std::isalpha(static_cast<unsigned char>(name[2]));
     if (Contains(name, "courier")) {
         return "Courier";
     }
-    if (Contains(name, "mono")) {
+    if (any({"mono", "consolas", "menlo", "typewriter"}) ||
+        (computerModern && Contains(name, "tt"))) {
         return "monospace";
     }
-    if (Contains(name, "sans") || Contains(name, "helvetica") || Contains(name, "arial") ||
-        Contains(name, "verdana")) {
+    if (any({"sans", "helvetica", "arial", "verdana", "tahoma", "calibri", "segoe", "frutiger",
+             "univers", "futura", "gill"}) ||
+        (computerModern && Contains(name, "ss"))) {
         return "sans-serif";
     }
-    if (Contains(name, "times") || Contains(name, "serif") || Contains(name, "roman") ||
-        Contains(name, "georgia") || Contains(name, "garamond") || Contains(name, "palatino")) {
+    if (any({"times", "serif", "roman", "georgia", "garamond", "palatino", "cambria", "minion",
+             "baskerville", "caslon", "century", "charter", "bookman"}) ||
+        computerModern) {
         return "serif";
     }
     return "";
@@ -431,7 +443,11 @@ std::string VRKPdfTextLabels::Family(const std::string& font) {
 
 bool VRKPdfTextLabels::Bold(const std::string& font) {
     const std::string name = Lower(font);
-    return Contains(name, "bold") || Contains(name, "black") || Contains(name, "heavy");
+    // Computer Modern's bold faces: cmbx (bold extended), cmb, cmssbx.
+    const bool computerModernBold =
+        name.rfind("cm", 0) == 0 && (Contains(name, "bx") || name.rfind("cmb", 0) == 0);
+    return Contains(name, "bold") || Contains(name, "black") || Contains(name, "heavy") ||
+           computerModernBold;
 }
 
 std::size_t VRKPdfTextLabels::Apply(std::string& svg,

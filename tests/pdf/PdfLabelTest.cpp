@@ -412,9 +412,17 @@ TEST(PdfTextLabels, FontNamesToFamiliesAndWeights) {
     EXPECT_EQ(VRKPdfTextLabels::Family("TimesNewRomanPS-BoldMT"), "serif");
     EXPECT_EQ(VRKPdfTextLabels::Family("Courier-Oblique"), "Courier");
     EXPECT_EQ(VRKPdfTextLabels::Family("DejaVuSansMono"), "monospace");
-    EXPECT_EQ(VRKPdfTextLabels::Family("Futura"), "");
+    EXPECT_EQ(VRKPdfTextLabels::Family("CMR10"), "serif");
+    EXPECT_EQ(VRKPdfTextLabels::Family("CMBX12"), "serif");
+    EXPECT_EQ(VRKPdfTextLabels::Family("CMTT12"), "monospace");
+    EXPECT_EQ(VRKPdfTextLabels::Family("CMSS10"), "sans-serif");
+    EXPECT_EQ(VRKPdfTextLabels::Family("LMRoman10-Regular"), "serif");
+    EXPECT_EQ(VRKPdfTextLabels::Family("Calibri"), "sans-serif");
+    EXPECT_EQ(VRKPdfTextLabels::Family("Wingdings"), "");
     EXPECT_TRUE(VRKPdfTextLabels::Bold("Helvetica-Bold"));
     EXPECT_TRUE(VRKPdfTextLabels::Bold("Arial-Black"));
+    EXPECT_TRUE(VRKPdfTextLabels::Bold("CMBX12"));
+    EXPECT_FALSE(VRKPdfTextLabels::Bold("CMR10"));
     EXPECT_FALSE(VRKPdfTextLabels::Bold("Helvetica-Oblique"));
 }
 
