@@ -18,6 +18,9 @@ constexpr double kPi = 3.14159265358979323846;
 // slanted too far for a label: 15 degrees off square. Obliques of 10 or 12 degrees are labelled
 // upright, as italics are.
 const double kMaxSlant = std::sin(15.0 * kPi / 180.0);
+// The largest shift between two letters, in ems, taken as kerning within a word rather than a
+// gap between words (the text layer itself breaks words at a tenth of an em).
+constexpr double kMaxKern = 0.1;
 // How far (points) a glyph's origin may be from a character's edge and still start it: the
 // SVG text rounds coordinates to a few decimals.
 constexpr double kEdgeTolerance = 0.02;
@@ -28,7 +31,8 @@ struct Glyph {
     std::size_t end = 0;    // after "/>"
     double x = 0.0;
     double y = 0.0;
-    std::size_t group = 0;  // glyphs drawn in one call share a group
+    std::size_t call = 0;   // glyphs drawn in one call share it
+    std::size_t group = 0;  // calls that follow one another with one paint share it
     // Along the baseline, unit length; which of the character box's edges the origin is on.
     double dx = 1.0;
     double dy = 0.0;
@@ -68,14 +72,18 @@ bool AttributeNumber(std::string_view element, std::string_view name, double& va
 }
 
 // The glyph uses of the content after the definitions, grouped by the drawing call, in order;
-// only groups whose opening element paints with a plain colour.
+// only groups whose opening element paints with a plain colour. A group that closes and opens
+// again at once with the same paint goes on: text set with kerning or letter spacing comes as
+// one drawing call a piece.
 std::vector<Glyph> FindGlyphs(const std::string& svg) {
     std::vector<Glyph> glyphs;
     const std::size_t defs = svg.find("</defs>");
     std::size_t at = defs == std::string::npos ? 0 : defs;
+    std::size_t call = 0;
     std::size_t group = 0;
     bool open = false;  // the glyph before ends right where this one's white space begins
     std::size_t previousEnd = 0;
+    std::string_view previousOpening;
     while ((at = svg.find("<use xlink:href=\"#glyph", at)) != std::string::npos) {
         const std::size_t end = svg.find("/>", at);
         if (end == std::string::npos) {
@@ -108,7 +116,15 @@ std::vector<Glyph> FindGlyphs(const std::string& svg) {
                 open = false;
                 continue;
             }
-            ++group;
+            const std::size_t close = open ? svg.find_first_not_of(" \t\r\n", previousEnd) : 0;
+            const bool reopened = open && opening == previousOpening &&
+                                  svg.compare(close, 4, "</g>") == 0 &&
+                                  svg.find_first_not_of(" \t\r\n", close + 4) == tag;
+            ++call;
+            if (!reopened) {
+                ++group;
+            }
+            previousOpening = opening;
         }
         const std::size_t name = glyph.start + 18;  // after "<use xlink:href=\"#"
         const std::size_t dash = svg.find('-', name);
@@ -117,6 +133,7 @@ std::vector<Glyph> FindGlyphs(const std::string& svg) {
             continue;
         }
         glyph.font = svg.substr(name, dash + 1 - name);
+        glyph.call = call;
         glyph.group = group;
         glyphs.push_back(glyph);
         open = true;
@@ -311,8 +328,10 @@ std::string Escaped(const std::string& text) {
 }
 
 // Finds the character each glyph starts. A glyph's direction is the way to the next glyph of
-// its group (or from the one before); a glyph alone in its group takes it from the one edge
-// of a character its origin is on.
+// its drawing call (or from the one before). A glyph alone in its call takes it from the one
+// kind of edge of a character its origin is on; where it is on several (at the end of the
+// character before it too), from the edge that fits the glyph its group runs on from or into,
+// or else from the only edge that starts a character other than a space.
 void Match(std::vector<Glyph>& glyphs, const std::vector<VRKPdfCharacter>& characters) {
     const StartIndex index(characters);
     std::vector<bool> taken(characters.size(), false);
@@ -320,9 +339,9 @@ void Match(std::vector<Glyph>& glyphs, const std::vector<VRKPdfCharacter>& chara
         Glyph& glyph = glyphs[k];
         const Glyph* other = nullptr;
         double sign = 1.0;
-        if (k + 1 < glyphs.size() && glyphs[k + 1].group == glyph.group) {
+        if (k + 1 < glyphs.size() && glyphs[k + 1].call == glyph.call) {
             other = &glyphs[k + 1];
-        } else if (k > 0 && glyphs[k - 1].group == glyph.group) {
+        } else if (k > 0 && glyphs[k - 1].call == glyph.call) {
             other = &glyphs[k - 1];
             sign = -1.0;
         }
@@ -339,18 +358,64 @@ void Match(std::vector<Glyph>& glyphs, const std::vector<VRKPdfCharacter>& chara
             glyph.axis = Axis(dx, dy);
             found = index.Find(glyph.axis, glyph.x, glyph.y);
         } else {
+            std::vector<int> byAxis[4];
             int axes = 0;
             for (int axis = 0; axis < 4; ++axis) {
-                std::vector<int> candidates = index.Find(axis, glyph.x, glyph.y);
-                if (!candidates.empty()) {
+                byAxis[axis] = index.Find(axis, glyph.x, glyph.y);
+                if (!byAxis[axis].empty()) {
                     ++axes;
-                    found = std::move(candidates);
                     glyph.axis = axis;
                 }
             }
-            if (axes != 1) {
+            if (axes == 0) {
                 continue;
             }
+            if (axes > 1) {
+                const Glyph* before =
+                    k > 0 && glyphs[k - 1].group == glyph.group && glyphs[k - 1].character >= 0
+                        ? &glyphs[k - 1]
+                        : nullptr;
+                const Glyph* after = k + 1 < glyphs.size() && glyphs[k + 1].group == glyph.group
+                                         ? &glyphs[k + 1]
+                                         : nullptr;
+                glyph.axis = -1;
+                for (int axis = 0; axis < 4 && glyph.axis < 0; ++axis) {
+                    for (const int c : byAxis[axis]) {
+                        const double kern = kMaxKern * characters[c].size + kEdgeTolerance;
+                        const bool fromBefore =
+                            before != nullptr && before->axis == axis &&
+                            std::fabs(EndEdge(characters[before->character], axis) -
+                                      StartEdge(characters[c], axis)) <= kern;
+                        const bool intoAfter =
+                            after != nullptr && std::fabs(Along(axis, after->x, after->y) -
+                                                          EndEdge(characters[c], axis)) <= kern;
+                        if (fromBefore || intoAfter) {
+                            glyph.axis = axis;
+                            break;
+                        }
+                    }
+                }
+                // A word of one letter: of the characters there, the one that is no space.
+                int lettered = 0;
+                int letterAxis = -1;
+                for (int axis = 0; axis < 4; ++axis) {
+                    const bool letter =
+                        std::any_of(byAxis[axis].begin(), byAxis[axis].end(),
+                                    [&](int c) { return !IsSpace(characters[c].utf8); });
+                    if (letter) {
+                        ++lettered;
+                        letterAxis = axis;
+                    }
+                }
+                if (glyph.axis < 0 && lettered == 1) {
+                    glyph.axis = letterAxis;
+                }
+                if (glyph.axis < 0) {
+                    glyph.axis = 0;
+                    continue;
+                }
+            }
+            found = byAxis[glyph.axis];
             const double angle = glyph.axis * kPi / 2.0;
             glyph.dx = std::round(std::cos(angle));
             glyph.dy = std::round(std::sin(angle));
@@ -393,8 +458,9 @@ int LastCharacter(const Glyph& g, const std::vector<VRKPdfCharacter>& characters
 
 // True when glyph `b` carries on the run whose glyph before it is `a`, ending at character
 // `aEnd`: same group and direction, a character of the same plain font and size, its origin at
-// the end edge of `aEnd`. The text layer's reading order does not matter (it may break text
-// that runs at a slant into lines of its own).
+// the end edge of `aEnd` (or, for the next character of the text, a kerning's shift from it). The
+// text layer's reading order does not matter (it may break text that runs at a slant into lines of
+// its own).
 bool Continues(const Glyph& a, int aEnd, const Glyph& b,
                const std::vector<VRKPdfCharacter>& characters) {
     if (b.character < 0 || a.group != b.group || a.axis != b.axis ||
@@ -406,7 +472,14 @@ bool Continues(const Glyph& a, int aEnd, const Glyph& b,
     if (next.font != first.font || next.size != first.size || !next.plain) {
         return false;
     }
-    return std::fabs(EndEdge(characters[aEnd], a.axis) - Along(a.axis, b.x, b.y)) <= kEdgeTolerance;
+    // How far b's origin is from where a's characters end, along the text.
+    const double gap =
+        (Along(a.axis, b.x, b.y) - EndEdge(characters[aEnd], a.axis)) * (a.axis < 2 ? 1.0 : -1.0);
+    if (std::fabs(gap) <= kEdgeTolerance) {
+        return true;
+    }
+    // Kerning, where the text layer saw no space between the two.
+    return b.character == aEnd + 1 && std::fabs(gap) <= kMaxKern * first.size;
 }
 
 }  // namespace

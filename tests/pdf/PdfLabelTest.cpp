@@ -404,6 +404,86 @@ TEST(PdfTextLabels, LigatureGivesAllItsCharacters) {
     EXPECT_NE(svg.find(">fix</text>"), std::string::npos) << svg;
 }
 
+// Glyph uses at (x, 70), each drawing call in a group of its own, all in black.
+std::string Calls(const std::vector<std::vector<double>>& calls) {
+    std::string svg = "<defs></defs>\n<g id=\"surface1\">\n";
+    int glyph = 1;
+    for (const std::vector<double>& call : calls) {
+        svg += "<g style=\"fill:rgb(0%,0%,0%);fill-opacity:1;\">\n";
+        for (const double x : call) {
+            std::string number = std::to_string(x);
+            number.erase(number.find_last_not_of('0') + 1);
+            if (number.back() == '.') {
+                number.pop_back();
+            }
+            svg += "  <use xlink:href=\"#glyph0-" + std::to_string(glyph++) + "\" x=\"" + number +
+                   "\" y=\"70\"/>\n";
+        }
+        svg += "</g>\n";
+    }
+    return svg + "</g>\n";
+}
+
+// The labels' texts in the order they were made.
+std::vector<std::string> Labels(const std::string& svg) {
+    std::vector<std::string> labels;
+    std::size_t at = 0;
+    while ((at = svg.find("<text ", at)) != std::string::npos) {
+        const std::size_t start = svg.find('>', at) + 1;
+        const std::size_t end = svg.find("</text>", start);
+        labels.push_back(svg.substr(start, end - start));
+        at = end;
+    }
+    return labels;
+}
+
+TEST(PdfTextLabels, KernedLettersOfSeparateCallsMakeOneLabel) {
+    // "Sy" then "n" pulled 0.2 points (a fiftieth of an em) towards the "y".
+    std::string svg = Calls({{20, 27}, {31.8}});
+    const std::vector<VRKPdfCharacter> characters = {Character("S", 20, 62, 27, 72),
+                                                     Character("y", 27, 62, 32, 72),
+                                                     Character("n", 31.8, 62, 37, 72)};
+    EXPECT_EQ(VRKPdfTextLabels::Apply(svg, characters), 1u);
+    EXPECT_EQ(Labels(svg), (std::vector<std::string>{"Syn"}));
+}
+
+TEST(PdfTextLabels, LettersFartherApartThanKerningAreLabelsApart) {
+    // The "n" 2 points (a fifth of an em) after the "y": not kerning, a gap kept as it is.
+    std::string svg = Calls({{20, 27}, {34}});
+    const std::vector<VRKPdfCharacter> characters = {Character("S", 20, 62, 27, 72),
+                                                     Character("y", 27, 62, 32, 72),
+                                                     Character("n", 34, 62, 39, 72)};
+    EXPECT_EQ(VRKPdfTextLabels::Apply(svg, characters), 2u);
+    EXPECT_EQ(Labels(svg), (std::vector<std::string>{"Sy", "n"}));
+    EXPECT_NE(svg.find("<text x=\"34.0000\""), std::string::npos) << svg;
+}
+
+TEST(PdfTextLabels, WordOfOneLetterAloneInItsCall) {
+    // "is a li": the "a" is drawn alone, and its origin is also where the space before it ends.
+    std::string svg = Calls({{20, 23}, {31}, {39, 41}});
+    const std::vector<VRKPdfCharacter> characters = {
+        Character("i", 20, 62, 23, 72), Character("s", 23, 62, 28, 72),
+        Character(" ", 28, 62, 31, 72), Character("a", 31, 62, 36, 72),
+        Character(" ", 36, 62, 39, 72), Character("l", 39, 62, 41, 72),
+        Character("i", 41, 62, 44, 72)};
+    EXPECT_EQ(VRKPdfTextLabels::Apply(svg, characters), 3u);
+    EXPECT_EQ(Labels(svg), (std::vector<std::string>{"is", "a", "li"}));
+}
+
+TEST(PdfTextLabels, LetterAloneInItsCallAfterTheOneBeforeIt) {
+    // "word." with the full stop drawn alone, right after the "d" (and the "d" is where the
+    // next line's first word, drawn in the same paint, seems to come from).
+    std::string svg = Calls({{20, 25}, {30}, {20}});
+    std::vector<VRKPdfCharacter> characters = {
+        Character("o", 20, 62, 25, 72), Character("d", 25, 62, 30, 72),
+        Character(".", 30, 62, 33, 72), Character("\n", 33, 72, 33, 72),
+        Character("x", 20, 74, 25, 84)};
+    // The next line's "x" starts at the baseline 80.
+    svg.replace(svg.rfind("y=\"70\""), 6, "y=\"80\"");
+    EXPECT_EQ(VRKPdfTextLabels::Apply(svg, characters), 2u);
+    EXPECT_EQ(Labels(svg), (std::vector<std::string>{"od.", "x"}));
+}
+
 TEST(PdfTextLabels, FontNamesToFamiliesAndWeights) {
     EXPECT_EQ(VRKPdfTextLabels::Family("Helvetica-Bold"), "sans-serif");
     EXPECT_EQ(VRKPdfTextLabels::Family("ArialMT"), "sans-serif");
