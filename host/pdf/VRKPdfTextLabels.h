@@ -17,13 +17,10 @@
 // What stays outlines: glyphs no character of the text layer starts at (text drawn as a clip,
 // stroked text, patterns), glyphs of Type 3 fonts and of fonts without a name, glyphs painted
 // with anything but a plain colour, glyphs in definitions (patterns, masks), and glyphs of a
-// font drawn slanted more than 15 degrees.
+// font drawn slanted more than 15 degrees. The glyphs come from VRKPdfSvgGlyphs, the kind of
+// face from VRKPdfFontKind.
 class VRKPdfTextLabels {
   public:
     // Rewrites `svg` in place; the number of labels made.
     static std::size_t Apply(std::string& svg, const std::vector<VRKPdfCharacter>& characters);
-    // The SVG font-family (a generic or a known family) and weight for a PDF font name; the
-    // family is empty when the name says nothing of the kind of face.
-    static std::string Family(const std::string& font);
-    static bool Bold(const std::string& font);
 };

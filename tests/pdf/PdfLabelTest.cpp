@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/core/VRKPrintTextAttribute.h"
+#include "host/pdf/VRKPdfFontKind.h"
 #include "host/pdf/VRKPdfImporter.h"
 #include "host/pdf/VRKPdfTextLabels.h"
 #include "pdf/PdfObjectWriter.h"
@@ -485,25 +486,25 @@ TEST(PdfTextLabels, LetterAloneInItsCallAfterTheOneBeforeIt) {
 }
 
 TEST(PdfTextLabels, FontNamesToFamiliesAndWeights) {
-    EXPECT_EQ(VRKPdfTextLabels::Family("Helvetica-Bold"), "sans-serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("ArialMT"), "sans-serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("DejaVuSans"), "sans-serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("DejaVuSerif-Italic"), "serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("TimesNewRomanPS-BoldMT"), "serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("Courier-Oblique"), "Courier");
-    EXPECT_EQ(VRKPdfTextLabels::Family("DejaVuSansMono"), "monospace");
-    EXPECT_EQ(VRKPdfTextLabels::Family("CMR10"), "serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("CMBX12"), "serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("CMTT12"), "monospace");
-    EXPECT_EQ(VRKPdfTextLabels::Family("CMSS10"), "sans-serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("LMRoman10-Regular"), "serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("Calibri"), "sans-serif");
-    EXPECT_EQ(VRKPdfTextLabels::Family("Wingdings"), "");
-    EXPECT_TRUE(VRKPdfTextLabels::Bold("Helvetica-Bold"));
-    EXPECT_TRUE(VRKPdfTextLabels::Bold("Arial-Black"));
-    EXPECT_TRUE(VRKPdfTextLabels::Bold("CMBX12"));
-    EXPECT_FALSE(VRKPdfTextLabels::Bold("CMR10"));
-    EXPECT_FALSE(VRKPdfTextLabels::Bold("Helvetica-Oblique"));
+    EXPECT_EQ(VRKPdfFontKind::Family("Helvetica-Bold"), "sans-serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("ArialMT"), "sans-serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("DejaVuSans"), "sans-serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("DejaVuSerif-Italic"), "serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("TimesNewRomanPS-BoldMT"), "serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("Courier-Oblique"), "Courier");
+    EXPECT_EQ(VRKPdfFontKind::Family("DejaVuSansMono"), "monospace");
+    EXPECT_EQ(VRKPdfFontKind::Family("CMR10"), "serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("CMBX12"), "serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("CMTT12"), "monospace");
+    EXPECT_EQ(VRKPdfFontKind::Family("CMSS10"), "sans-serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("LMRoman10-Regular"), "serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("Calibri"), "sans-serif");
+    EXPECT_EQ(VRKPdfFontKind::Family("Wingdings"), "");
+    EXPECT_TRUE(VRKPdfFontKind::Bold("Helvetica-Bold"));
+    EXPECT_TRUE(VRKPdfFontKind::Bold("Arial-Black"));
+    EXPECT_TRUE(VRKPdfFontKind::Bold("CMBX12"));
+    EXPECT_FALSE(VRKPdfFontKind::Bold("CMR10"));
+    EXPECT_FALSE(VRKPdfFontKind::Bold("Helvetica-Oblique"));
 }
 
 }  // namespace
