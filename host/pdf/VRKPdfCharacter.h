@@ -19,7 +19,7 @@ struct VRKPdfCharacter {
     // the page.
     std::string font;
     double size = 0.0;
-    // False for text a plotter's stroke font cannot stand for: glyphs drawn by a Type 3 font's
-    // own procedures, or a font without a name.
+    // False for text a plotter's font cannot stand for: a font without a name, as a Type 3
+    // font (whose glyphs are drawn by procedures of its own) is.
     bool plain = true;
 };

@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <memory>
 #include <new>
-#include <set>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -79,9 +81,6 @@ std::vector<std::string> SplitCharacters(const char* text) {
 
 struct VRKPdfDocument::Handle {
     PopplerDocument* document = nullptr;
-    // The names of the document's Type 3 fonts, read once, when text is first asked for.
-    bool fontsRead = false;
-    std::set<std::string> type3Fonts;
     ~Handle() {
         if (document != nullptr) {
             g_object_unref(document);
@@ -173,64 +172,49 @@ void VRKPdfDocument::PageCharacters(int index, std::vector<VRKPdfCharacter>& cha
     if (handle_->document == nullptr) {
         return;
     }
-    if (!handle_->fontsRead) {
-        handle_->fontsRead = true;
-        PopplerFontInfo* info = poppler_font_info_new(handle_->document);
-        PopplerFontsIter* fonts = nullptr;
-        while (poppler_font_info_scan(info, PageCount(), &fonts)) {
-            if (fonts == nullptr) {
-                continue;
-            }
-            do {
-                if (poppler_fonts_iter_get_font_type(fonts) == POPPLER_FONT_TYPE_TYPE3) {
-                    handle_->type3Fonts.insert(WithoutSubset(poppler_fonts_iter_get_name(fonts)));
-                }
-            } while (poppler_fonts_iter_next(fonts));
-            poppler_fonts_iter_free(fonts);
-            fonts = nullptr;
-        }
-        g_object_unref(info);
-    }
     PopplerPage* page = poppler_document_get_page(handle_->document, index);
     if (page == nullptr) {
         return;
     }
-    char* text = poppler_page_get_text(page);
-    PopplerRectangle* boxes = nullptr;
+    // Freed however this ends (a vector below may run out of memory).
+    const std::unique_ptr<char, decltype(&g_free)> text(poppler_page_get_text(page), g_free);
+    PopplerRectangle* laidOutBoxes = nullptr;
     guint count = 0;
-    const bool laidOut = poppler_page_get_text_layout(page, &boxes, &count);
-    GList* attributes = poppler_page_get_text_attributes(page);
+    const bool laidOut = poppler_page_get_text_layout(page, &laidOutBoxes, &count);
+    const std::unique_ptr<PopplerRectangle, decltype(&g_free)> boxes(laidOutBoxes, g_free);
+    const std::unique_ptr<GList, decltype(&poppler_page_free_text_attributes)> attributes(
+        poppler_page_get_text_attributes(page), poppler_page_free_text_attributes);
     g_object_unref(page);
     std::vector<std::string> utf8 =
-        text != nullptr ? SplitCharacters(text) : std::vector<std::string>();
-    g_free(text);
+        text != nullptr ? SplitCharacters(text.get()) : std::vector<std::string>();
     // The text, its boxes and its attributes must tell of the same characters.
-    if (laidOut && utf8.size() == count) {
-        characters.resize(count);
-        for (guint i = 0; i < count; ++i) {
-            VRKPdfCharacter& character = characters[i];
-            character.utf8 = std::move(utf8[i]);
-            character.x1 = boxes[i].x1;
-            character.y1 = boxes[i].y1;
-            character.x2 = boxes[i].x2;
-            character.y2 = boxes[i].y2;
-            character.plain = false;
-        }
-        for (GList* item = attributes; item != nullptr; item = item->next) {
-            const auto* run = static_cast<const PopplerTextAttributes*>(item->data);
-            // A font without a name is reported as "Default"; only Type 3 fonts may lack one.
-            const bool named =
-                run->font_name != nullptr && std::string_view(run->font_name) != "Default";
-            const std::string font = WithoutSubset(run->font_name);
-            const bool plain = named && handle_->type3Fonts.count(font) == 0;
-            for (int i = std::max(run->start_index, 0);
-                 i <= run->end_index && i < static_cast<int>(count); ++i) {
-                characters[i].font = font;
-                characters[i].size = run->font_size;
-                characters[i].plain = plain;
-            }
+    if (!laidOut || utf8.size() != count) {
+        return;
+    }
+    characters.resize(count);
+    for (guint i = 0; i < count; ++i) {
+        VRKPdfCharacter& character = characters[i];
+        character.utf8 = std::move(utf8[i]);
+        character.x1 = boxes.get()[i].x1;
+        character.y1 = boxes.get()[i].y1;
+        character.x2 = boxes.get()[i].x2;
+        character.y2 = boxes.get()[i].y2;
+        character.plain = false;
+    }
+    for (GList* item = attributes.get(); item != nullptr; item = item->next) {
+        const auto* run = static_cast<const PopplerTextAttributes*>(item->data);
+        // A font without a name is reported as "Default". Every kind of font but Type 3 must
+        // name its face (/BaseFont); a Type 3 font has no face to name, its glyphs are drawn by
+        // procedures of its own. (Asking Poppler for the fonts' kinds instead would look up
+        // substitutes for every font of the document.)
+        const bool named =
+            run->font_name != nullptr && std::string_view(run->font_name) != "Default";
+        const std::string font = WithoutSubset(run->font_name);
+        for (int i = std::max(run->start_index, 0);
+             i <= run->end_index && i < static_cast<int>(count); ++i) {
+            characters[i].font = font;
+            characters[i].size = run->font_size;
+            characters[i].plain = named;
         }
     }
-    g_free(boxes);
-    poppler_page_free_text_attributes(attributes);
 }

@@ -485,6 +485,28 @@ TEST(PdfTextLabels, LetterAloneInItsCallAfterTheOneBeforeIt) {
     EXPECT_EQ(Labels(svg), (std::vector<std::string>{"od.", "x"}));
 }
 
+TEST(PdfTextLabels, MalformedGlyphUsesArePassedOver) {
+    const std::vector<VRKPdfCharacter> characters = {Character("H", 20, 62.82, 27.22, 72.07)};
+    for (const std::string& text : std::vector<std::string>{
+             "<use xlink:href=\"#glyph0-1\" x=\"20\" y=\"70\"/>",
+             "<g style=\"fill:rgb(0%,0%,0%);\"><use xlink:href=\"#glyph0-1\" x=\"20\" y=\"70\"",
+             "<g style=\"fill:rgb(0%,0%,0%);\"><use xlink:href=\"#glyph0-1\" x=\"2O\" y=\"70\"/>",
+             "<g style=\"fill:rgb(0%,0%,0%);\"><use xlink:href=\"#glyph01\" x=\"20\" y=\"70\"/>",
+             "<g style=\"fill:rgb(0%,0%,0%);\"><use xlink:href=\"#glyph0-1\" y=\"70\"/>",
+             "<g style=\"fill:rgb(0%,0%,0%);\"><use xlink:href=\"#glyph0-1\" x=\"nan\" y=\"70\"/>",
+             "<defs><symbol overflow=\"visible\" id=\"glyph0-0\"><path d=\"M 1 2 L\"/></symbol>",
+             "<defs><symbol overflow=\"visible\" id=\"glyph0-0\"></defs>",
+             "<symbol overflow=\"visible\" id=\"glyph0-0\"><path d=\"M 0 0 L 1 0 L 1 1 L 0 1 Z\"/>"
+             "</symbol></defs><g style=\"fill:rgb(0%,0%,0%);\">",
+         }) {
+        // Only a whole, well-formed glyph use in a group painted with a plain colour is ever
+        // replaced: these stay as they are.
+        std::string svg = text;
+        EXPECT_EQ(VRKPdfTextLabels::Apply(svg, characters), 0u) << text;
+        EXPECT_EQ(svg, text) << text;
+    }
+}
+
 TEST(PdfTextLabels, FontNamesToFamiliesAndWeights) {
     EXPECT_EQ(VRKPdfFontKind::Family("Helvetica-Bold"), "sans-serif");
     EXPECT_EQ(VRKPdfFontKind::Family("ArialMT"), "sans-serif");
