@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <set>
 #include <string>
 #include <utility>
@@ -80,31 +81,56 @@ bool IsSpace(const std::string& utf8) {
     return utf8 == " " || utf8 == "\t" || utf8 == "\n" || utf8 == "\r" || utf8 == "\xc2\xa0";
 }
 
-// The character list sorted by where text along each axis starts, for finding the character a
-// glyph's origin starts without going through every character.
+// Where text along each axis starts into each character, for finding the characters a glyph's
+// origin starts without going through every character: a grid of cells, narrow along the text
+// and a line's height or so across it, each character in the cells its box covers.
 class StartIndex {
   public:
     explicit StartIndex(const std::vector<VRKPdfCharacter>& characters) : characters_(characters) {
         for (int axis = 0; axis < 4; ++axis) {
             for (std::size_t i = 0; i < characters.size(); ++i) {
                 const VRKPdfCharacter& c = characters[i];
-                if (c.utf8 != "\n") {
-                    starts_[axis].emplace_back(StartEdge(c, axis), static_cast<int>(i));
+                const double edge = StartEdge(c, axis);
+                const double low = axis == 0 || axis == 2 ? c.y1 : c.x1;
+                const double high = axis == 0 || axis == 2 ? c.y2 : c.x2;
+                if (c.utf8 == "\n" || !Inside(edge) || !Inside(low) || !Inside(high)) {
+                    continue;
+                }
+                const std::int64_t first = Cell(low - kEdgeTolerance, kAcross);
+                const std::int64_t last = Cell(high + kEdgeTolerance, kAcross);
+                if (last - first >= kMaxCells) {
+                    wide_[axis].push_back(static_cast<int>(i));
+                    continue;
+                }
+                for (std::int64_t cell = first; cell <= last; ++cell) {
+                    cells_[axis].push_back({Key(Cell(edge, kAlong), cell), static_cast<int>(i)});
                 }
             }
-            std::sort(starts_[axis].begin(), starts_[axis].end());
+            std::sort(cells_[axis].begin(), cells_[axis].end());
         }
     }
     // The characters that a glyph at (x, y) along `axis` starts, in text order.
     std::vector<int> Find(int axis, double x, double y) const {
-        const double key = Along(axis, x, y);
-        const auto& list = starts_[axis];
         std::vector<int> found;
-        auto it =
-            std::lower_bound(list.begin(), list.end(), std::make_pair(key - kEdgeTolerance, -1));
-        for (; it != list.end() && it->first <= key + kEdgeTolerance; ++it) {
-            if (Starts(characters_[it->second], axis, x, y)) {
-                found.push_back(it->second);
+        const double along = Along(axis, x, y);
+        const double across = axis == 0 || axis == 2 ? y : x;
+        if (!Inside(along) || !Inside(across)) {
+            return found;
+        }
+        const std::int64_t cell = Cell(across, kAcross);
+        for (std::int64_t bucket = Cell(along - kEdgeTolerance, kAlong);
+             bucket <= Cell(along + kEdgeTolerance, kAlong); ++bucket) {
+            const auto range = std::equal_range(cells_[axis].begin(), cells_[axis].end(),
+                                                Entry{Key(bucket, cell), 0}, ByKey);
+            for (auto it = range.first; it != range.second; ++it) {
+                if (Starts(characters_[it->index], axis, x, y)) {
+                    found.push_back(it->index);
+                }
+            }
+        }
+        for (const int i : wide_[axis]) {
+            if (Starts(characters_[i], axis, x, y)) {
+                found.push_back(i);
             }
         }
         std::sort(found.begin(), found.end());
@@ -112,8 +138,31 @@ class StartIndex {
     }
 
   private:
+    struct Entry {
+        std::int64_t key = 0;
+        int index = 0;
+        friend bool operator<(const Entry& a, const Entry& b) {
+            return a.key < b.key || (a.key == b.key && a.index < b.index);
+        }
+    };
+    static bool ByKey(const Entry& a, const Entry& b) { return a.key < b.key; }
+    // Cells of half a point along the text and eight across; a box across more than 64 cells
+    // (text over 500 points tall) is kept in a list of its own.
+    static constexpr double kAlong = 0.5;
+    static constexpr double kAcross = 8.0;
+    static constexpr std::int64_t kMaxCells = 64;
+    // Coordinates beyond this (points) are no page's: such characters are not looked up.
+    static bool Inside(double v) { return std::fabs(v) < 1e8; }
+    static std::int64_t Cell(double v, double size) {
+        return static_cast<std::int64_t>(std::floor(v / size));
+    }
+    static std::int64_t Key(std::int64_t along, std::int64_t across) {
+        return along * (std::int64_t{1} << 32) + across;
+    }
+
     const std::vector<VRKPdfCharacter>& characters_;
-    std::vector<std::pair<double, int>> starts_[4];
+    std::vector<Entry> cells_[4];
+    std::vector<int> wide_[4];
 };
 
 // Four decimals, with a point whatever the locale (the program may run in one with a comma).

@@ -485,6 +485,19 @@ TEST(PdfTextLabels, LetterAloneInItsCallAfterTheOneBeforeIt) {
     EXPECT_EQ(Labels(svg), (std::vector<std::string>{"od.", "x"}));
 }
 
+TEST(PdfTextLabels, VeryTallTextAndTextLeftOfThePageAreFound) {
+    // Letters 600 points tall, and a run that starts 30 points left of the page.
+    std::string svg = Calls({{20, 400}, {-30, -24}});
+    std::vector<VRKPdfCharacter> characters = {
+        Character("B", 20, -500, 400, 100), Character("ig", 400, -500, 700, 100),
+        Character("o", -30, 62, -24, 72), Character("ff", -24, 62, -18, 72)};
+    characters[2].font = "Times-Roman";
+    characters[3].font = "Times-Roman";
+    EXPECT_EQ(VRKPdfTextLabels::Apply(svg, characters), 2u);
+    EXPECT_EQ(Labels(svg), (std::vector<std::string>{"Big", "off"}));
+    EXPECT_NE(svg.find("<text x=\"-30.0000\" y=\"70.0000\""), std::string::npos) << svg;
+}
+
 TEST(PdfTextLabels, MalformedGlyphUsesArePassedOver) {
     const std::vector<VRKPdfCharacter> characters = {Character("H", 20, 62.82, 27.22, 72.07)};
     for (const std::string& text : std::vector<std::string>{
