@@ -14,4 +14,7 @@ struct VRKDocumentOptions {
     bool layoutFromPrinter = false;
     // Measure pen-down length, pen-up travel and pen changes before and after ordering.
     bool stats = false;
+    // Text of PDF documents in a plain font drawn as labels in the plotter's own font (false:
+    // as the glyphs' filled outlines).
+    bool textLabels = false;
 };

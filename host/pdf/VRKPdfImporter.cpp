@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "host/pdf/VRKPdfDocument.h"
+#include "host/pdf/VRKPdfTextLabels.h"
 #include "host/svg/VRKSvgImporter.h"
 
 bool VRKPdfImporter::LooksLikePdf(std::string_view head) {
@@ -64,12 +65,17 @@ bool VRKPdfImporter::Read(std::string_view data, const std::string& name,
     // Each kind of warning once, whichever page meets it first.
     std::set<std::string> kinds;
     std::string svg;
+    std::vector<VRKPdfCharacter> characters;
     pages.reserve(static_cast<std::size_t>(count));
     for (int index = 0; index < count; ++index) {
         const std::string pageName = name + ": page " + std::to_string(index + 1);
         if (!document.RenderPage(index, svg, error)) {
             error_ = pageName + ": " + error;
             return false;
+        }
+        if (textLabels_) {
+            document.PageCharacters(index, characters);
+            VRKPdfTextLabels::Apply(svg, characters);
         }
         const std::string svgName = pageName + ".svg";
         VRKSvgImporter importer;
