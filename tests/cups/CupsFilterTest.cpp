@@ -200,6 +200,18 @@ TEST_F(CupsFilter, ThePpdChoicesReachThePlot) {
     EXPECT_EQ(count(out, "@PJL SET PRINTAREA=FULLSIZE\n"), 1) << out.substr(0, 600);
 }
 
+// Text is outlines unless the queue or the job asks for labels in the plotter's font: then the
+// line of text is one label and no glyph is filled.
+TEST_F(CupsFilter, TextAsLabels) {
+    const std::string text = folder.Write("text.pdf", CupsTextPdf());
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", text}, "vrk-hpgl2"), 0) << err;
+    EXPECT_EQ(count(out, "LBPlan 7\x03"), 0);
+    EXPECT_EQ(count(out, "FP"), 5);
+    ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "VRKText=Labels", text}, "vrk-hpgl2"), 0) << err;
+    EXPECT_EQ(count(out, "LBPlan 7\x03"), 1) << out;
+    EXPECT_EQ(count(out, "FP"), 0) << out;
+}
+
 TEST_F(CupsFilter, TheQueuesSettingsFileMustBeOfThePrintersLanguage) {
     folder.Write("plotroom.xml",
                  "<?xml version=\"1.0\"?>\n<HPGL2Properties mediaType=\"Vellum\" />\n");

@@ -387,6 +387,18 @@ TEST(CupsJobMapping, ThePenPlotterOrdersForTravel) {
     EXPECT_FALSE(mapped(request("HP4000GL2")).document.orderForTravel);
 }
 
+TEST(CupsJobMapping, TextIsOutlinesUnlessLabelsAreChosen) {
+    for (const char* language : {"HPGL2", "HPGL", "HP1000GL2", "HP4000GL2"}) {
+        EXPECT_FALSE(mapped(request(language)).document.textLabels) << language;
+        EXPECT_FALSE(mapped(request(language, {{"VRKText", "Outlines"}})).document.textLabels)
+            << language;
+        EXPECT_TRUE(mapped(request(language, {{"VRKText", "Labels"}})).document.textLabels)
+            << language;
+    }
+    EXPECT_EQ(settingsOf(request("HPGL2", {{"VRKText", "Glyphs"}})),
+              "error: the option VRKText has no choice 'Glyphs' for the language HPGL2");
+}
+
 TEST(CupsJobMapping, CopiesAndTitle) {
     CupsJobRequest r = request("HPGL2");
     r.copies = 3;

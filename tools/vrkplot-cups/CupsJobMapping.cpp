@@ -306,6 +306,10 @@ bool Map(const CupsJobRequest& request, CupsJob& job, std::string& error) {
                 "'; *VRKLanguage is HPGL2, HPGL, HP1000GL2 or HP4000GL2)";
         return false;
     }
+    // Text of PDF documents: the glyphs' outlines, or labels in the plotter's font where one
+    // serves.
+    static const Choices kTextModes = {{"Outlines", "outlines"}, {"Labels", "labels"}};
+    const std::string_view* text = reader.Value("VRKText", kTextModes);
     if (reader.Failed() || !mapDocument(request, mapped.document, error)) {
         return false;
     }
@@ -314,6 +318,7 @@ bool Map(const CupsJobRequest& request, CupsJob& job, std::string& error) {
                 std::to_string(kMaxCopies);
         return false;
     }
+    mapped.document.textLabels = text != nullptr && *text == "labels";
     mapped.copies = request.copies;
     mapped.jobName = request.title;
     job = std::move(mapped);

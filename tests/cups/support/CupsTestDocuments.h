@@ -15,3 +15,14 @@ inline std::string CupsTestPdf() {
         cairo_stroke(cairo);
     });
 }
+
+// A page of the same size with one line of text: 24 points of DejaVu Sans.
+inline std::string CupsTextPdf() {
+    return PdfTestDocument::Make(283.46457, 141.73228, 1, [](cairo_t* cairo, int) {
+        cairo_select_font_face(cairo, "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL,
+                               CAIRO_FONT_WEIGHT_NORMAL);
+        cairo_set_font_size(cairo, 24);
+        cairo_move_to(cairo, 36, 72);
+        cairo_show_text(cairo, "Plan 7");
+    });
+}
