@@ -7,6 +7,10 @@
 #include <cmath>
 #include <cstddef>
 #include <new>
+#include <string>
+
+#include "host/pdf/VRKPdfBytes.h"
+#include "host/pdf/VRKPdfPageWatch.h"
 
 namespace {
 
@@ -19,10 +23,15 @@ struct SvgSink {
     std::string* text = nullptr;
     bool tooLarge = false;
     bool noMemory = false;
+    // Nothing is wanted any more: cairo is stopped at its first write.
+    bool discard = false;
 };
 
 cairo_status_t WriteSvg(void* closure, const unsigned char* data, unsigned int length) {
     auto* sink = static_cast<SvgSink*>(closure);
+    if (sink->discard) {
+        return CAIRO_STATUS_WRITE_ERROR;
+    }
     if (sink->text->size() + length > kMaxSvgBytes) {
         sink->tooLarge = true;
         return CAIRO_STATUS_WRITE_ERROR;
@@ -36,6 +45,18 @@ cairo_status_t WriteSvg(void* closure, const unsigned char* data, unsigned int l
     return CAIRO_STATUS_SUCCESS;
 }
 
+// "10 seconds", "0.25 seconds", "1 second".
+std::string Seconds(std::chrono::milliseconds time) {
+    const long long count = time.count();
+    std::string text = std::to_string(count / 1000);
+    if (count % 1000 != 0) {
+        std::string fraction = std::to_string(1000 + count % 1000).substr(1);
+        fraction.erase(fraction.find_last_not_of('0') + 1);
+        text += "." + fraction;
+    }
+    return text + (count == 1000 ? " second" : " seconds");
+}
+
 std::string ErrorText(const GError* error) {
     if (error == nullptr || error->message == nullptr || error->message[0] == '\0') {
         return "no reason given";
@@ -47,6 +68,10 @@ std::string ErrorText(const GError* error) {
 
 struct VRKPdfDocument::Handle {
     PopplerDocument* document = nullptr;
+    // The bytes Poppler reads the document from; withdrawn to stop a page.
+    VRKPdfBytes bytes;
+    // A page was stopped: the bytes are gone and nothing more can be drawn.
+    bool spent = false;
     ~Handle() {
         if (document != nullptr) {
             g_object_unref(document);
@@ -58,8 +83,22 @@ VRKPdfDocument::VRKPdfDocument() : handle_(std::make_unique<Handle>()) {}
 
 VRKPdfDocument::~VRKPdfDocument() = default;
 
+void VRKPdfDocument::SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime) {
+    maxPageMemory_ = maxPageMemory;
+    maxPageTime_ = maxPageTime;
+}
+
 bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
-    GBytes* bytes = g_bytes_new_static(data.data(), data.size());
+    if (handle_->document != nullptr) {
+        g_object_unref(handle_->document);
+        handle_->document = nullptr;
+    }
+    handle_->spent = false;
+    if (!handle_->bytes.Assign(data)) {
+        error = "not enough memory to read the document";
+        return false;
+    }
+    GBytes* bytes = g_bytes_new_static(handle_->bytes.Data(), handle_->bytes.Size());
     GError* gerror = nullptr;
     PopplerDocument* document = poppler_document_new_from_bytes(bytes, nullptr, &gerror);
     g_bytes_unref(bytes);
@@ -78,9 +117,6 @@ bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
         }
         return false;
     }
-    if (handle_->document != nullptr) {
-        g_object_unref(handle_->document);
-    }
     handle_->document = document;
     return true;
 }
@@ -91,6 +127,10 @@ int VRKPdfDocument::PageCount() const {
 
 bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
     svg.clear();
+    if (handle_->spent) {
+        error = "the document can draw no more pages";
+        return false;
+    }
     PopplerPage* page = handle_->document != nullptr
                             ? poppler_document_get_page(handle_->document, index)
                             : nullptr;
@@ -111,13 +151,43 @@ bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error)
     cairo_surface_t* surface = cairo_svg_surface_create_for_stream(WriteSvg, &sink, width, height);
     cairo_svg_surface_set_document_unit(surface, CAIRO_SVG_UNIT_PT);
     cairo_t* cairo = cairo_create(surface);
-    poppler_page_render_for_printing(page, cairo);
+    VRKPdfPageWatch::Stop stop = VRKPdfPageWatch::Stop::kNone;
+    try {
+        VRKPdfPageWatch watch(handle_->bytes, maxPageMemory_, maxPageTime_);
+        poppler_page_render_for_printing(page, cairo);
+        stop = watch.Finish();
+    } catch (...) {
+        cairo_destroy(cairo);
+        cairo_surface_destroy(surface);
+        g_object_unref(page);
+        throw;
+    }
     cairo_status_t drawn = cairo_status(cairo);
     cairo_destroy(cairo);
+    if (stop != VRKPdfPageWatch::Stop::kNone) {
+        // A page that was stopped is not wanted. The SVG surface keeps what was drawn and writes
+        // it all out when finished; clearing the whole surface drops it at once, and the text
+        // that is left to write goes nowhere.
+        cairo_t* clear = cairo_create(surface);
+        cairo_set_operator(clear, CAIRO_OPERATOR_CLEAR);
+        cairo_paint(clear);
+        cairo_destroy(clear);
+        sink.discard = true;
+    }
     cairo_surface_finish(surface);
     cairo_status_t written = cairo_surface_status(surface);
     cairo_surface_destroy(surface);
     g_object_unref(page);
+    if (stop != VRKPdfPageWatch::Stop::kNone) {
+        // What was drawn before the stop is not the page.
+        handle_->spent = true;
+        svg.clear();
+        error = stop == VRKPdfPageWatch::Stop::kTime
+                    ? "the page takes more than " + Seconds(maxPageTime_) + " to draw"
+                    : "drawing the page takes more than " + std::to_string(maxPageMemory_ >> 20) +
+                          " MiB of memory";
+        return false;
+    }
     if (sink.noMemory) {
         throw std::bad_alloc();
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,8 +16,13 @@ class VRKPdfDocument {
     VRKPdfDocument(const VRKPdfDocument&) = delete;
     VRKPdfDocument& operator=(const VRKPdfDocument&) = delete;
 
-    // Opens the document held in `data`, which must outlive this object. False with `error`
-    // set: damaged, encrypted or not a PDF.
+    // Bounds of the rendering of one page: the growth of the process's resident memory while
+    // it is drawn, in bytes, and the time (VRKPdfPageWatch). Past either, RenderPage fails and
+    // the document can draw no more pages.
+    void SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime);
+
+    // Opens the document held in `data` (copied). False with `error` set: damaged, encrypted,
+    // not a PDF, or no memory for the copy.
     bool Open(std::string_view data, std::string& error);
     int PageCount() const;
     // Renders page `index` (from 0) into `svg` (replaced). False with `error` set.
@@ -23,5 +30,7 @@ class VRKPdfDocument {
 
   private:
     struct Handle;
+    std::size_t maxPageMemory_ = 0;
+    std::chrono::milliseconds maxPageTime_{0};
     std::unique_ptr<Handle> handle_;
 };

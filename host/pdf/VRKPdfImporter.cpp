@@ -46,6 +46,7 @@ bool VRKPdfImporter::Read(std::string_view data, const std::string& name,
         return false;
     }
     VRKPdfDocument document;
+    document.SetLimits(maxPageMemory_, maxPageTime_);
     std::string error;
     if (!document.Open(data, error)) {
         error_ = name + ": " + error;

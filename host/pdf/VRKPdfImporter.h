@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -16,11 +17,23 @@ class VRKPdfImporter {
     static constexpr std::size_t kMaxFileBytes = std::size_t{1} << 30;
     // Documents with more pages than this are refused.
     static constexpr int kMaxPages = 10000;
+    // A page whose drawing makes the process's resident memory grow by more than this, or
+    // takes longer than this, is stopped and the document refused: a few kilobytes of forms
+    // that draw forms can ask for billions of paths. A page of a million paths takes some
+    // 150 MiB and 3 seconds.
+    static constexpr std::size_t kMaxPageMemory = std::size_t{256} << 20;
+    static constexpr std::chrono::milliseconds kMaxPageTime{5000};
+
+    // Bounds other than the defaults above (the tests make them small).
+    void SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime) {
+        maxPageMemory_ = maxPageMemory;
+        maxPageTime_ = maxPageTime;
+    }
 
     // Reads every page of the PDF held in `data` into `pages` (one drawing each, in order).
     // `name` names the document in messages. False with GetError() set ("plan.pdf: ..."), and
     // `pages` emptied: not a PDF, damaged, encrypted (password needed), no pages, or larger
-    // than the limits.
+    // than the limits (a page stopped at its bounds).
     bool ReadMemory(std::string_view data, const std::string& name, std::vector<VRKDrawing>& pages);
     const std::string& GetError() const { return error_; }
     // What was not drawn as the document asks, each kind once (from the SVG importer's
@@ -30,6 +43,8 @@ class VRKPdfImporter {
     static bool LooksLikePdf(std::string_view head);
 
   private:
+    std::size_t maxPageMemory_ = kMaxPageMemory;
+    std::chrono::milliseconds maxPageTime_ = kMaxPageTime;
     std::string error_;
     std::vector<std::string> warnings_;
 
