@@ -9,8 +9,7 @@
 #include <new>
 #include <string>
 
-#include "host/pdf/VRKPdfBytes.h"
-#include "host/pdf/VRKPdfPageWatch.h"
+#include "host/pdf/VRKPdfRenderProcess.h"
 
 namespace {
 
@@ -23,15 +22,10 @@ struct SvgSink {
     std::string* text = nullptr;
     bool tooLarge = false;
     bool noMemory = false;
-    // Nothing is wanted any more: cairo is stopped at its first write.
-    bool discard = false;
 };
 
 cairo_status_t WriteSvg(void* closure, const unsigned char* data, unsigned int length) {
     auto* sink = static_cast<SvgSink*>(closure);
-    if (sink->discard) {
-        return CAIRO_STATUS_WRITE_ERROR;
-    }
     if (sink->text->size() + length > kMaxSvgBytes) {
         sink->tooLarge = true;
         return CAIRO_STATUS_WRITE_ERROR;
@@ -68,10 +62,6 @@ std::string ErrorText(const GError* error) {
 
 struct VRKPdfDocument::Handle {
     PopplerDocument* document = nullptr;
-    // The bytes Poppler reads the document from; withdrawn to stop a page.
-    VRKPdfBytes bytes;
-    // A page was stopped: the bytes are gone and nothing more can be drawn.
-    bool spent = false;
     ~Handle() {
         if (document != nullptr) {
             g_object_unref(document);
@@ -89,16 +79,7 @@ void VRKPdfDocument::SetLimits(std::size_t maxPageMemory, std::chrono::milliseco
 }
 
 bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
-    if (handle_->document != nullptr) {
-        g_object_unref(handle_->document);
-        handle_->document = nullptr;
-    }
-    handle_->spent = false;
-    if (!handle_->bytes.Assign(data)) {
-        error = "not enough memory to read the document";
-        return false;
-    }
-    GBytes* bytes = g_bytes_new_static(handle_->bytes.Data(), handle_->bytes.Size());
+    GBytes* bytes = g_bytes_new_static(data.data(), data.size());
     GError* gerror = nullptr;
     PopplerDocument* document = poppler_document_new_from_bytes(bytes, nullptr, &gerror);
     g_bytes_unref(bytes);
@@ -117,6 +98,9 @@ bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
         }
         return false;
     }
+    if (handle_->document != nullptr) {
+        g_object_unref(handle_->document);
+    }
     handle_->document = document;
     return true;
 }
@@ -126,11 +110,35 @@ int VRKPdfDocument::PageCount() const {
 }
 
 bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
-    svg.clear();
-    if (handle_->spent) {
-        error = "the document can draw no more pages";
-        return false;
+    VRKPdfRenderProcess::Limits limits;
+    limits.maxMemoryGrowth = maxPageMemory_;
+    limits.maxTime = maxPageTime_;
+    limits.maxOutput = kMaxSvgBytes;
+    const auto work = [this, index](std::string& text, std::string& message) {
+        return RenderPageHere(index, text, message);
+    };
+    switch (VRKPdfRenderProcess::Run(work, limits, svg, error)) {
+        case VRKPdfRenderProcess::Outcome::kDone:
+            return true;
+        case VRKPdfRenderProcess::Outcome::kTime:
+            error = "the page takes more than " + Seconds(maxPageTime_) + " to draw";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kMemory:
+            error = "drawing the page takes more than " + std::to_string(maxPageMemory_ >> 20) +
+                    " MiB of memory";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kTooLarge:
+            error = "the page is too large to be drawn";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kNoMemory:
+            throw std::bad_alloc();
+        default:
+            return false;
     }
+}
+
+bool VRKPdfDocument::RenderPageHere(int index, std::string& svg, std::string& error) const {
+    svg.clear();
     PopplerPage* page = handle_->document != nullptr
                             ? poppler_document_get_page(handle_->document, index)
                             : nullptr;
@@ -151,43 +159,13 @@ bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error)
     cairo_surface_t* surface = cairo_svg_surface_create_for_stream(WriteSvg, &sink, width, height);
     cairo_svg_surface_set_document_unit(surface, CAIRO_SVG_UNIT_PT);
     cairo_t* cairo = cairo_create(surface);
-    VRKPdfPageWatch::Stop stop = VRKPdfPageWatch::Stop::kNone;
-    try {
-        VRKPdfPageWatch watch(handle_->bytes, maxPageMemory_, maxPageTime_);
-        poppler_page_render_for_printing(page, cairo);
-        stop = watch.Finish();
-    } catch (...) {
-        cairo_destroy(cairo);
-        cairo_surface_destroy(surface);
-        g_object_unref(page);
-        throw;
-    }
+    poppler_page_render_for_printing(page, cairo);
     cairo_status_t drawn = cairo_status(cairo);
     cairo_destroy(cairo);
-    if (stop != VRKPdfPageWatch::Stop::kNone) {
-        // A page that was stopped is not wanted. The SVG surface keeps what was drawn and writes
-        // it all out when finished; clearing the whole surface drops it at once, and the text
-        // that is left to write goes nowhere.
-        cairo_t* clear = cairo_create(surface);
-        cairo_set_operator(clear, CAIRO_OPERATOR_CLEAR);
-        cairo_paint(clear);
-        cairo_destroy(clear);
-        sink.discard = true;
-    }
     cairo_surface_finish(surface);
     cairo_status_t written = cairo_surface_status(surface);
     cairo_surface_destroy(surface);
     g_object_unref(page);
-    if (stop != VRKPdfPageWatch::Stop::kNone) {
-        // What was drawn before the stop is not the page.
-        handle_->spent = true;
-        svg.clear();
-        error = stop == VRKPdfPageWatch::Stop::kTime
-                    ? "the page takes more than " + Seconds(maxPageTime_) + " to draw"
-                    : "drawing the page takes more than " + std::to_string(maxPageMemory_ >> 20) +
-                          " MiB of memory";
-        return false;
-    }
     if (sink.noMemory) {
         throw std::bad_alloc();
     }

@@ -16,21 +16,24 @@ class VRKPdfDocument {
     VRKPdfDocument(const VRKPdfDocument&) = delete;
     VRKPdfDocument& operator=(const VRKPdfDocument&) = delete;
 
-    // Bounds of the rendering of one page: the growth of the process's resident memory while
-    // it is drawn, in bytes, and the time (VRKPdfPageWatch). Past either, RenderPage fails and
-    // the document can draw no more pages.
+    // Bounds of the rendering of one page, which runs in a child process
+    // (VRKPdfRenderProcess): how far its memory may grow, and its time.
     void SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime);
 
-    // Opens the document held in `data` (copied). False with `error` set: damaged, encrypted,
-    // not a PDF, or no memory for the copy.
+    // Opens the document held in `data`, which must outlive this object. False with `error`
+    // set: damaged, encrypted or not a PDF.
     bool Open(std::string_view data, std::string& error);
     int PageCount() const;
-    // Renders page `index` (from 0) into `svg` (replaced). False with `error` set.
+    // Renders page `index` (from 0) into `svg` (replaced), in a child process within the
+    // bounds. False with `error` set.
     bool RenderPage(int index, std::string& svg, std::string& error) const;
 
   private:
     struct Handle;
-    std::size_t maxPageMemory_ = 0;
-    std::chrono::milliseconds maxPageTime_{0};
+    std::size_t maxPageMemory_ = std::size_t{256} << 20;
+    std::chrono::milliseconds maxPageTime_{5000};
+
+    // Renders the page in this process.
+    bool RenderPageHere(int index, std::string& svg, std::string& error) const;
     std::unique_ptr<Handle> handle_;
 };

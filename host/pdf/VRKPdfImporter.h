@@ -17,10 +17,10 @@ class VRKPdfImporter {
     static constexpr std::size_t kMaxFileBytes = std::size_t{1} << 30;
     // Documents with more pages than this are refused.
     static constexpr int kMaxPages = 10000;
-    // A page whose drawing makes the process's resident memory grow by more than this, or
-    // takes longer than this, is stopped and the document refused: a few kilobytes of forms
-    // that draw forms can ask for billions of paths. A page of a million paths takes some
-    // 150 MiB and 3 seconds.
+    // Each page is drawn in a child process; one whose memory grows by more than this, or that
+    // takes longer than this, is stopped and the document refused: a few hundred bytes of forms
+    // that draw forms can ask for billions of paths, and an image can claim a million pixels a
+    // side.
     static constexpr std::size_t kMaxPageMemory = std::size_t{256} << 20;
     static constexpr std::chrono::milliseconds kMaxPageTime{5000};
 

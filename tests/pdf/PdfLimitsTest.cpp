@@ -1,14 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <signal.h>
+#include <unistd.h>
+
 #include <chrono>
-#include <cstring>
+#include <new>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "host/pdf/VRKPdfBytes.h"
 #include "host/pdf/VRKPdfImporter.h"
-#include "host/pdf/VRKPdfPageWatch.h"
+#include "host/pdf/VRKPdfRenderProcess.h"
 #include "pdf/PdfObjectFile.h"
 
 namespace {
@@ -42,46 +44,117 @@ std::string FormTree(int levels, int fan, const std::string& leaf) {
     return file.Finish(catalog);
 }
 
-TEST(PdfLimits, BytesAreTheDocumentsUntilWithdrawnThenZero) {
-    VRKPdfBytes bytes;
-    const std::string data = "%PDF-1.7\nsome bytes";
-    ASSERT_TRUE(bytes.Assign(data));
-    ASSERT_EQ(bytes.Size(), data.size());
-    EXPECT_EQ(std::string(bytes.Data(), bytes.Size()), data);
-    bytes.Withdraw();
-    ASSERT_EQ(bytes.Size(), data.size());
-    EXPECT_EQ(std::string(bytes.Data(), bytes.Size()), std::string(data.size(), '\0'));
+using Outcome = VRKPdfRenderProcess::Outcome;
+
+VRKPdfRenderProcess::Limits Bounds(std::size_t memory, milliseconds time, std::size_t output) {
+    VRKPdfRenderProcess::Limits limits;
+    limits.maxMemoryGrowth = memory;
+    limits.maxTime = time;
+    limits.maxOutput = output;
+    return limits;
 }
 
-TEST(PdfLimits, WatchFinishedInTimeDoesNotStop) {
-    VRKPdfBytes bytes;
-    ASSERT_TRUE(bytes.Assign("abc"));
-    VRKPdfPageWatch watch(bytes, std::size_t{1} << 30, milliseconds(60000));
-    EXPECT_EQ(watch.Finish(), VRKPdfPageWatch::Stop::kNone);
-    EXPECT_EQ(std::string(bytes.Data(), 3), "abc");
+const VRKPdfRenderProcess::Limits kWide =
+    Bounds(std::size_t{1} << 30, milliseconds(60000), 1 << 20);
+
+TEST(PdfRenderProcess, TextOfTheChildComesBack) {
+    std::string output;
+    std::string error;
+    const auto work = [](std::string& text, std::string&) {
+        text = std::string("<svg>\0\xff</svg>", 13);
+        return true;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kDone);
+    EXPECT_EQ(output, std::string("<svg>\0\xff</svg>", 13));
 }
 
-TEST(PdfLimits, WatchPastItsTimeWithdrawsTheBytes) {
-    VRKPdfBytes bytes;
-    ASSERT_TRUE(bytes.Assign("abc"));
-    VRKPdfPageWatch watch(bytes, std::size_t{1} << 30, milliseconds(20));
-    std::this_thread::sleep_for(milliseconds(300));
-    EXPECT_EQ(watch.Finish(), VRKPdfPageWatch::Stop::kTime);
-    EXPECT_EQ(std::string(bytes.Data(), 3), std::string(3, '\0'));
+TEST(PdfRenderProcess, ChildDoesNotChangeTheParent) {
+    int value = 1;
+    std::string output;
+    std::string error;
+    const auto work = [&value](std::string& text, std::string&) {
+        value = 2;
+        text = std::to_string(value);
+        return true;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kDone);
+    EXPECT_EQ(output, "2");
+    EXPECT_EQ(value, 1);
 }
 
-TEST(PdfLimits, WatchWithdrawsTheBytesWhenMemoryGrowsPastTheBound) {
-    VRKPdfBytes bytes;
-    ASSERT_TRUE(bytes.Assign("abc"));
-    VRKPdfPageWatch watch(bytes, std::size_t{4} << 20, milliseconds(60000));
-    // 32 MiB taken and touched, so that they are resident, until the watch has seen them.
-    std::vector<char> memory(std::size_t{32} << 20);
-    std::memset(memory.data(), 1, memory.size());
-    for (int i = 0; i < 200 && bytes.Data()[0] != '\0'; ++i) {
-        std::this_thread::sleep_for(milliseconds(10));
-    }
-    EXPECT_EQ(watch.Finish(), VRKPdfPageWatch::Stop::kMemory);
-    EXPECT_EQ(memory[memory.size() / 2], 1);
+TEST(PdfRenderProcess, MessageOfAFailureComesBack) {
+    std::string output = "old";
+    std::string error;
+    const auto work = [](std::string&, std::string& message) {
+        message = "the page cannot be read";
+        return false;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kFailed);
+    EXPECT_EQ(error, "the page cannot be read");
+    EXPECT_EQ(output, "");
+}
+
+TEST(PdfRenderProcess, ChildPastItsTimeIsStopped) {
+    std::string output;
+    std::string error;
+    const auto work = [](std::string&, std::string&) {
+        std::this_thread::sleep_for(std::chrono::seconds(60));
+        return true;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, Bounds(std::size_t{1} << 30, milliseconds(50), 100),
+                                       output, error),
+              Outcome::kTime);
+}
+
+TEST(PdfRenderProcess, ChildPastItsMemoryIsStopped) {
+    std::string output;
+    std::string error;
+    const auto work = [](std::string&, std::string&) {
+        // 512 MiB taken and touched a mebibyte at a time, slowly enough to be seen.
+        std::vector<std::vector<char>> blocks;
+        for (int i = 0; i < 512; ++i) {
+            blocks.emplace_back(std::size_t{1} << 20, '\1');
+            std::this_thread::sleep_for(milliseconds(2));
+        }
+        return true;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, Bounds(std::size_t{8} << 20, milliseconds(60000), 100),
+                                       output, error),
+              Outcome::kMemory);
+}
+
+TEST(PdfRenderProcess, TextPastItsSizeIsRefused) {
+    std::string output;
+    std::string error;
+    const auto work = [](std::string& text, std::string&) {
+        text.assign(4096, 'x');
+        return true;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(
+                  work, Bounds(std::size_t{1} << 30, milliseconds(60000), 4095), output, error),
+              Outcome::kTooLarge);
+    EXPECT_EQ(VRKPdfRenderProcess::Run(
+                  work, Bounds(std::size_t{1} << 30, milliseconds(60000), 4096), output, error),
+              Outcome::kDone);
+    EXPECT_EQ(output.size(), 4096u);
+}
+
+TEST(PdfRenderProcess, ChildThatDiesIsReported) {
+    std::string output;
+    std::string error;
+    const auto work = [](std::string&, std::string&) {
+        ::kill(::getpid(), SIGKILL);
+        return true;
+    };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kCrashed);
+    EXPECT_EQ(error, "the renderer stopped on the page (signal 9)");
+}
+
+TEST(PdfRenderProcess, ChildOutOfMemoryIsReported) {
+    std::string output;
+    std::string error;
+    const auto work = [](std::string&, std::string&) -> bool { throw std::bad_alloc(); };
+    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kNoMemory);
 }
 
 TEST(PdfLimits, PageOfFormsDrawingFormsIsStoppedByTime) {
@@ -117,6 +190,30 @@ TEST(PdfLimits, FormsWithinTheBoundsAreDrawn) {
     ASSERT_TRUE(importer.ReadMemory(pdf, "plan.pdf", pages)) << importer.GetError();
     ASSERT_EQ(pages.size(), 1u);
     EXPECT_EQ(pages[0].strokes.size(), 100u);
+}
+
+TEST(PdfLimits, ImageOfAMillionPixelsASideIsStopped) {
+    // Twelve bytes of pixels for an image that claims 3 TB: Poppler pads the missing rows.
+    PdfObjectFile file;
+    const int catalog = file.Add("");
+    const int pages = file.Add("");
+    const int image = file.AddStream("abcdefghijkl",
+                                     "/Type /XObject /Subtype /Image "
+                                     "/Width 1000000 /Height 1000000 "
+                                     "/ColorSpace /DeviceRGB /BitsPerComponent 8");
+    const int content = file.AddStream("q 100 0 0 100 10 10 cm /I Do Q");
+    const int page = file.Add("<< /Type /Page /Parent " + std::to_string(pages) +
+                              " 0 R /MediaBox [0 0 200 200] /Resources << /XObject << /I " +
+                              std::to_string(image) + " 0 R >> >> /Contents " +
+                              std::to_string(content) + " 0 R >>");
+    file.Set(catalog, "<< /Type /Catalog /Pages " + std::to_string(pages) + " 0 R >>");
+    file.Set(pages, "<< /Type /Pages /Kids [" + std::to_string(page) + " 0 R] /Count 1 >>");
+    VRKPdfImporter importer;
+    importer.SetLimits(std::size_t{1} << 30, milliseconds(300));
+    std::vector<VRKDrawing> drawings;
+    EXPECT_FALSE(importer.ReadMemory(file.Finish(catalog), "plan.pdf", drawings));
+    EXPECT_EQ(importer.GetError(),
+              "plan.pdf: page 1: the page takes more than 0.3 seconds to draw");
 }
 
 TEST(PdfLimits, SecondsInTheMessage) {
