@@ -25,7 +25,7 @@ scripts/setup.sh
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 
-targets=(job settings pentables marshal png printers plotdump svg)
+targets=(job settings pentables marshal png printers plotdump svg pdf)
 bin=build-fuzz/bin
 findings=build-fuzz/findings
 known=fuzz/known-findings.txt
