@@ -69,7 +69,8 @@ struct VRKPdfDocument::Handle {
     }
 };
 
-VRKPdfDocument::VRKPdfDocument() : handle_(std::make_unique<Handle>()) {}
+VRKPdfDocument::VRKPdfDocument()
+    : handle_(std::make_unique<Handle>()), process_(std::make_unique<VRKPdfRenderProcess>()) {}
 
 VRKPdfDocument::~VRKPdfDocument() = default;
 
@@ -98,6 +99,7 @@ bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
         }
         return false;
     }
+    process_ = std::make_unique<VRKPdfRenderProcess>();
     if (handle_->document != nullptr) {
         g_object_unref(handle_->document);
     }
@@ -110,14 +112,21 @@ int VRKPdfDocument::PageCount() const {
 }
 
 bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
-    VRKPdfRenderProcess::Limits limits;
-    limits.maxMemoryGrowth = maxPageMemory_;
-    limits.maxTime = maxPageTime_;
-    limits.maxOutput = kMaxSvgBytes;
-    const auto work = [this, index](std::string& text, std::string& message) {
-        return RenderPageHere(index, text, message);
-    };
-    switch (VRKPdfRenderProcess::Run(work, limits, svg, error)) {
+    svg.clear();
+    if (process_->NextPage() != index) {
+        // A child draws this page and the ones after it, in order.
+        VRKPdfRenderProcess::Limits limits;
+        limits.maxMemoryGrowth = maxPageMemory_;
+        limits.maxTime = maxPageTime_;
+        limits.maxOutput = kMaxSvgBytes;
+        const auto work = [this](int page, std::string& text, std::string& message) {
+            return RenderPageHere(page, text, message);
+        };
+        if (!process_->Start(work, index, PageCount(), limits, error)) {
+            return false;
+        }
+    }
+    switch (process_->Next(svg, error)) {
         case VRKPdfRenderProcess::Outcome::kDone:
             return true;
         case VRKPdfRenderProcess::Outcome::kTime:

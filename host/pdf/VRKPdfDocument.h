@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/pdf/VRKPdfRenderProcess.h"
+
 // An open PDF document and the rendering of its pages as SVG text (through Poppler's GLib
 // interface onto a cairo SVG surface in points). Internal to the PDF importer; errors are
 // messages without the document's name. Never throws but for std::bad_alloc.
@@ -25,7 +27,8 @@ class VRKPdfDocument {
     bool Open(std::string_view data, std::string& error);
     int PageCount() const;
     // Renders page `index` (from 0) into `svg` (replaced), in a child process within the
-    // bounds. False with `error` set.
+    // bounds; the child goes on with the next page meanwhile, so pages asked for in order are
+    // drawn while the last one is read. False with `error` set.
     bool RenderPage(int index, std::string& svg, std::string& error) const;
 
   private:
@@ -36,4 +39,6 @@ class VRKPdfDocument {
     // Renders the page in this process.
     bool RenderPageHere(int index, std::string& svg, std::string& error) const;
     std::unique_ptr<Handle> handle_;
+    // The child that draws the pages.
+    std::unique_ptr<VRKPdfRenderProcess> process_;
 };

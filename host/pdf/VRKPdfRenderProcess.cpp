@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,16 +11,17 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
+#include <string>
 #include <utility>
 
 namespace {
 
-// The child's answer on the pipe: one byte of status, eight of length (in the machine's order;
-// both ends are the same program), then the output or the message.
+// Each answer on the pipe: one byte of status, eight of length (in the machine's order; both
+// ends are the same program), then the page's text or the message.
 enum Status : unsigned char { kAnswerDone = 0, kAnswerFailed = 1, kAnswerNoMemory = 2 };
 constexpr std::size_t kHeader = 9;
 
-// How often the parent looks at the child's time and memory while it waits for its text.
+// How often the parent looks at the child's time and memory while it waits for a page.
 constexpr int kIntervalMs = 10;
 
 bool WriteAll(int fd, const char* data, std::size_t size) {
@@ -39,32 +39,41 @@ bool WriteAll(int fd, const char* data, std::size_t size) {
     return true;
 }
 
-// In the child: runs the work and writes its answer, then ends without running anything of the
-// parent's (no destructors of static objects, no flushing of the parent's buffered output).
-[[noreturn]] void Child(int fd, const VRKPdfRenderProcess::Work& work) {
+bool WriteAnswer(int fd, unsigned char status, const std::string& text) {
+    char header[kHeader];
+    header[0] = static_cast<char>(status);
+    const std::uint64_t length = text.size();
+    std::memcpy(header + 1, &length, sizeof length);
+    return WriteAll(fd, header, kHeader) && WriteAll(fd, text.data(), text.size());
+}
+
+// In the child: draws the pages and writes their answers, then ends without running anything of
+// the parent's (no destructors of static objects, no flushing of the parent's buffered output).
+[[noreturn]] void Child(int fd, const VRKPdfRenderProcess::Work& work, int first, int end) {
     // Interrupts are the parent's to handle; the child simply ends.
     ::signal(SIGINT, SIG_DFL);
     ::signal(SIGTERM, SIG_DFL);
     ::signal(SIGHUP, SIG_DFL);
-    unsigned char status = kAnswerFailed;
-    std::string output;
-    std::string error;
-    try {
-        status = work(output, error) ? kAnswerDone : kAnswerFailed;
-    } catch (const std::bad_alloc&) {
-        status = kAnswerNoMemory;
-    } catch (...) {
-        status = kAnswerFailed;
-        error = "the page cannot be drawn";
+    for (int index = first; index < end; ++index) {
+        unsigned char status = kAnswerFailed;
+        std::string output;
+        std::string error;
+        try {
+            status = work(index, output, error) ? kAnswerDone : kAnswerFailed;
+        } catch (const std::bad_alloc&) {
+            status = kAnswerNoMemory;
+        } catch (...) {
+            error = "the page cannot be drawn";
+        }
+        const bool written = WriteAnswer(fd, status,
+                                         status == kAnswerDone     ? output
+                                         : status == kAnswerFailed ? error
+                                                                   : std::string());
+        if (!written || status != kAnswerDone) {
+            ::_exit(written ? 0 : 1);
+        }
     }
-    const std::string& text = status == kAnswerDone ? output : error;
-    char header[kHeader];
-    header[0] = static_cast<char>(status);
-    const std::uint64_t length = status == kAnswerNoMemory ? 0 : text.size();
-    std::memcpy(header + 1, &length, sizeof length);
-    const bool written = WriteAll(fd, header, kHeader) &&
-                         WriteAll(fd, text.data(), static_cast<std::size_t>(length));
-    ::_exit(written ? 0 : 1);
+    ::_exit(0);
 }
 
 // The resident memory of process `pid`, in bytes (0 when it cannot be read).
@@ -84,101 +93,138 @@ std::size_t ResidentBytes(pid_t pid) {
                      : 0;
 }
 
+std::string NoProcess(int cause) {
+    return std::string("no process can be started to draw the pages (") + std::strerror(cause) +
+           ")";
+}
+
 }  // namespace
 
-VRKPdfRenderProcess::Outcome VRKPdfRenderProcess::Run(const Work& work, const Limits& limits,
-                                                      std::string& output, std::string& error) {
-    output.clear();
+VRKPdfRenderProcess::~VRKPdfRenderProcess() {
+    Stop(true);
+}
+
+bool VRKPdfRenderProcess::Start(const Work& work, int first, int end, const Limits& limits,
+                                std::string& error) {
+    Stop(true);
     int fds[2];
     if (::pipe2(fds, O_CLOEXEC) != 0) {
-        error = std::string("no process can be started to draw the page (") + std::strerror(errno) +
-                ")";
-        return Outcome::kNoProcess;
+        error = NoProcess(errno);
+        return false;
     }
     const pid_t pid = ::fork();
     if (pid < 0) {
         const int cause = errno;
         ::close(fds[0]);
         ::close(fds[1]);
-        error = std::string("no process can be started to draw the page (") + std::strerror(cause) +
-                ")";
-        return Outcome::kNoProcess;
+        error = NoProcess(cause);
+        return false;
     }
     if (pid == 0) {
         ::close(fds[0]);
-        Child(fds[1], work);
+        Child(fds[1], work, first, end);
     }
     ::close(fds[1]);
-    const int fd = fds[0];
+    pid_ = pid;
+    fd_ = fds[0];
+    next_ = first;
+    limits_ = limits;
+    pending_.clear();
+    startMemory_ = ResidentBytes(pid);
+    return true;
+}
 
+VRKPdfRenderProcess::Outcome VRKPdfRenderProcess::Next(std::string& output, std::string& error) {
+    output.clear();
+    if (pid_ <= 0) {
+        error = "no process draws the pages";
+        return Outcome::kNoProcess;
+    }
     const auto start = std::chrono::steady_clock::now();
-    const std::size_t startMemory = ResidentBytes(pid);
-    std::string answer;
-    Outcome stopped = Outcome::kDone;
+    std::uint64_t length = 0;
     bool ended = false;
     char buffer[65536];
-    while (!ended && stopped == Outcome::kDone) {
-        pollfd wait{fd, POLLIN, 0};
+    for (;;) {
+        if (pending_.size() >= kHeader) {
+            std::memcpy(&length, pending_.data() + 1, sizeof length);
+            if (length > limits_.maxOutput) {
+                Stop(true);
+                return Outcome::kTooLarge;
+            }
+            if (pending_.size() - kHeader >= length) {
+                break;
+            }
+        }
+        if (ended) {
+            const int status = Stop(false);
+            error = WIFSIGNALED(status) ? "the renderer stopped on the page (signal " +
+                                              std::to_string(WTERMSIG(status)) + ")"
+                                        : "the renderer stopped on the page without an answer";
+            return Outcome::kCrashed;
+        }
+        pollfd wait{fd_, POLLIN, 0};
         const int ready = ::poll(&wait, 1, kIntervalMs);
         if (ready > 0) {
-            const ssize_t got = ::read(fd, buffer, sizeof buffer);
+            const ssize_t got = ::read(fd_, buffer, sizeof buffer);
             if (got > 0) {
-                answer.append(buffer, static_cast<std::size_t>(got));
-                if (answer.size() > limits.maxOutput + kHeader) {
-                    stopped = Outcome::kTooLarge;
-                }
-            } else if (got == 0 || errno != EINTR) {
+                pending_.append(buffer, static_cast<std::size_t>(got));
+                continue;
+            }
+            if (got == 0 || errno != EINTR) {
                 ended = true;
+                continue;
             }
         } else if (ready < 0 && errno != EINTR) {
             ended = true;
+            continue;
         }
-        if (stopped != Outcome::kDone || ended) {
-            break;
+        if (std::chrono::steady_clock::now() - start > limits_.maxTime) {
+            Stop(true);
+            return Outcome::kTime;
         }
-        if (std::chrono::steady_clock::now() - start > limits.maxTime) {
-            stopped = Outcome::kTime;
-        } else {
-            const std::size_t memory = ResidentBytes(pid);
-            if (memory > startMemory && memory - startMemory > limits.maxMemoryGrowth) {
-                stopped = Outcome::kMemory;
-            }
+        const std::size_t memory = ResidentBytes(pid_);
+        if (memory > startMemory_ && memory - startMemory_ > limits_.maxMemoryGrowth) {
+            Stop(true);
+            return Outcome::kMemory;
         }
-    }
-    ::close(fd);
-    if (stopped != Outcome::kDone) {
-        ::kill(pid, SIGKILL);
-    }
-    int status = 0;
-    while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
-    }
-    if (stopped != Outcome::kDone) {
-        return stopped;
     }
 
-    std::uint64_t length = 0;
-    if (answer.size() >= kHeader) {
-        std::memcpy(&length, answer.data() + 1, sizeof length);
-    }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0 || answer.size() < kHeader ||
-        answer.size() - kHeader != length) {
-        if (WIFSIGNALED(status)) {
-            error = "the renderer stopped on the page (signal " + std::to_string(WTERMSIG(status)) +
-                    ")";
+    const auto status = static_cast<unsigned char>(pending_[0]);
+    if (status == kAnswerDone && pending_.size() == kHeader + length) {
+        // The usual case, the answer alone in the buffer: handed over without a copy.
+        pending_.erase(0, kHeader);
+        output = std::move(pending_);
+        pending_.clear();
+    } else {
+        std::string text = pending_.substr(kHeader, length);
+        pending_.erase(0, kHeader + length);
+        if (status == kAnswerDone) {
+            output = std::move(text);
         } else {
-            error = "the renderer stopped on the page without an answer";
+            error = std::move(text);
         }
-        return Outcome::kCrashed;
     }
-    switch (static_cast<unsigned char>(answer[0])) {
-        case kAnswerDone:
-            answer.erase(0, kHeader);
-            output = std::move(answer);
-            return Outcome::kDone;
-        case kAnswerNoMemory:
-            return Outcome::kNoMemory;
-        default:
-            error = answer.substr(kHeader);
-            return Outcome::kFailed;
+    ++next_;
+    if (status == kAnswerDone) {
+        return Outcome::kDone;
     }
+    Stop(false);
+    return status == kAnswerNoMemory ? Outcome::kNoMemory : Outcome::kFailed;
+}
+
+int VRKPdfRenderProcess::Stop(bool kill) {
+    if (pid_ <= 0) {
+        return 0;
+    }
+    ::close(fd_);
+    fd_ = -1;
+    if (kill) {
+        ::kill(pid_, SIGKILL);
+    }
+    int status = 0;
+    while (::waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+    }
+    pid_ = -1;
+    pending_.clear();
+    return status;
 }

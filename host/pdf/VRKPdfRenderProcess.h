@@ -1,39 +1,72 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <chrono>
 #include <cstddef>
 #include <functional>
 #include <string>
 
-// Runs the rendering of one page in a child process of its own and takes back the text it makes
-// (the page's SVG), within bounds of time, memory and size. Poppler can be neither interrupted
-// nor told how much it may do: a few hundred bytes of forms that draw forms ask it for billions
-// of paths, and an image that claims a million pixels a side keeps it padding rows for hours. In
-// a child it can be stopped at any moment (the child is killed), and whatever happens to it, a
-// crash included, this process goes on with a message. Internal to the PDF importer.
+// Runs the rendering of a document's pages in a child process of its own and takes back the text
+// each page makes (its SVG), one page at a time, within bounds of time, memory and size. Poppler
+// can be neither interrupted nor told how much it may do: a few hundred bytes of forms that draw
+// forms ask it for billions of paths, and an image that claims a million pixels a side keeps it
+// padding rows for hours. In a child it can be stopped at any moment (the child is killed), and
+// whatever happens to it, a crash included, this process goes on with a message.
+//
+// The child draws the pages in order and writes each one's text as soon as it is drawn, so that
+// it draws the next page while this process reads the last; the pipe between them holds 64 KiB,
+// so it is never more than a page ahead. Internal to the PDF importer.
 class VRKPdfRenderProcess {
   public:
-    // The child's work: fills `output` and returns true, or sets `error` and returns false.
-    using Work = std::function<bool(std::string& output, std::string& error)>;
+    // The child's work for page `index`: fills `output` and returns true, or sets `error` and
+    // returns false (the child then stops).
+    using Work = std::function<bool(int index, std::string& output, std::string& error)>;
 
     struct Limits {
         // How far the child's resident memory may grow beyond what it had when started.
         std::size_t maxMemoryGrowth = 0;
+        // How long Next() may wait for a page.
         std::chrono::milliseconds maxTime{0};
+        // The largest text of one page.
         std::size_t maxOutput = 0;
     };
 
     enum class Outcome {
-        kDone,       // `output` holds the work's text
+        kDone,       // `output` holds the page's text
         kFailed,     // the work said no; `error` holds its message
         kTime,       // killed past the time bound
         kMemory,     // killed past the memory bound
-        kTooLarge,   // killed when its text passed the size bound
+        kTooLarge,   // killed when the page's text passed the size bound
         kNoMemory,   // the work ran out of memory
         kCrashed,    // the child ended without an answer; `error` says how
         kNoProcess,  // no child could be started; `error` says why
     };
 
-    static Outcome Run(const Work& work, const Limits& limits, std::string& output,
-                       std::string& error);
+    VRKPdfRenderProcess() = default;
+    // Ends a child that is still running.
+    ~VRKPdfRenderProcess();
+    VRKPdfRenderProcess(const VRKPdfRenderProcess&) = delete;
+    VRKPdfRenderProcess& operator=(const VRKPdfRenderProcess&) = delete;
+
+    // Starts a child that runs `work` for the pages `first` to `end` - 1 in order (ending one
+    // that runs). False with `error` set when no child can be started.
+    bool Start(const Work& work, int first, int end, const Limits& limits, std::string& error);
+    // The page after the last one answered, waited for within the bounds. Past a bound, or when
+    // the page fails, the child is ended.
+    Outcome Next(std::string& output, std::string& error);
+    // The page Next() answers next, or -1 when no child runs.
+    int NextPage() const { return pid_ > 0 ? next_ : -1; }
+
+  private:
+    pid_t pid_ = -1;
+    int fd_ = -1;
+    int next_ = 0;
+    Limits limits_;
+    std::size_t startMemory_ = 0;
+    // Bytes read past the answer handed out last.
+    std::string pending_;
+
+    // Ends the child (killed first when `kill`) and gives its wait status.
+    int Stop(bool kill);
 };

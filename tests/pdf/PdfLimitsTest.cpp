@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <signal.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <new>
 #include <string>
@@ -57,59 +59,84 @@ VRKPdfRenderProcess::Limits Bounds(std::size_t memory, milliseconds time, std::s
 const VRKPdfRenderProcess::Limits kWide =
     Bounds(std::size_t{1} << 30, milliseconds(60000), 1 << 20);
 
-TEST(PdfRenderProcess, TextOfTheChildComesBack) {
-    std::string output;
+// Runs `work` for pages 0 to `end` - 1 and gives the outcome of the first page.
+Outcome First(const VRKPdfRenderProcess::Work& work, const VRKPdfRenderProcess::Limits& limits,
+              std::string& output, std::string& error, int end = 1) {
+    VRKPdfRenderProcess process;
+    EXPECT_TRUE(process.Start(work, 0, end, limits, error)) << error;
+    return process.Next(output, error);
+}
+
+TEST(PdfRenderProcess, TextOfEachPageComesBackInOrder) {
+    VRKPdfRenderProcess process;
     std::string error;
-    const auto work = [](std::string& text, std::string&) {
-        text = std::string("<svg>\0\xff</svg>", 13);
+    const auto work = [](int index, std::string& text, std::string&) {
+        // Pages of different sizes, the second larger than the pipe holds.
+        text = std::string(index == 1 ? 200000 : 10, static_cast<char>('a' + index));
+        text += std::string("\0\xff", 2);
         return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kDone);
-    EXPECT_EQ(output, std::string("<svg>\0\xff</svg>", 13));
+    ASSERT_TRUE(process.Start(work, 1, 4, kWide, error)) << error;
+    EXPECT_EQ(process.NextPage(), 1);
+    std::string output;
+    for (int index = 1; index < 4; ++index) {
+        ASSERT_EQ(process.Next(output, error), Outcome::kDone) << index;
+        EXPECT_EQ(output, std::string(index == 1 ? 200000 : 10, static_cast<char>('a' + index)) +
+                              std::string("\0\xff", 2));
+    }
+    EXPECT_EQ(process.NextPage(), 4);
 }
 
 TEST(PdfRenderProcess, ChildDoesNotChangeTheParent) {
     int value = 1;
     std::string output;
     std::string error;
-    const auto work = [&value](std::string& text, std::string&) {
+    const auto work = [&value](int, std::string& text, std::string&) {
         value = 2;
         text = std::to_string(value);
         return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kDone);
+    EXPECT_EQ(First(work, kWide, output, error), Outcome::kDone);
     EXPECT_EQ(output, "2");
     EXPECT_EQ(value, 1);
 }
 
-TEST(PdfRenderProcess, MessageOfAFailureComesBack) {
+TEST(PdfRenderProcess, MessageOfAFailureComesBackAndEndsTheChild) {
+    VRKPdfRenderProcess process;
     std::string output = "old";
     std::string error;
-    const auto work = [](std::string&, std::string& message) {
-        message = "the page cannot be read";
-        return false;
+    const auto work = [](int index, std::string& text, std::string& message) {
+        if (index == 1) {
+            message = "the page cannot be read";
+            return false;
+        }
+        text = "page";
+        return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kFailed);
+    ASSERT_TRUE(process.Start(work, 0, 3, kWide, error));
+    EXPECT_EQ(process.Next(output, error), Outcome::kDone);
+    EXPECT_EQ(output, "page");
+    EXPECT_EQ(process.Next(output, error), Outcome::kFailed);
     EXPECT_EQ(error, "the page cannot be read");
     EXPECT_EQ(output, "");
+    EXPECT_EQ(process.NextPage(), -1);
 }
 
 TEST(PdfRenderProcess, ChildPastItsTimeIsStopped) {
     std::string output;
     std::string error;
-    const auto work = [](std::string&, std::string&) {
+    const auto work = [](int, std::string&, std::string&) {
         std::this_thread::sleep_for(std::chrono::seconds(60));
         return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, Bounds(std::size_t{1} << 30, milliseconds(50), 100),
-                                       output, error),
+    EXPECT_EQ(First(work, Bounds(std::size_t{1} << 30, milliseconds(50), 100), output, error),
               Outcome::kTime);
 }
 
 TEST(PdfRenderProcess, ChildPastItsMemoryIsStopped) {
     std::string output;
     std::string error;
-    const auto work = [](std::string&, std::string&) {
+    const auto work = [](int, std::string&, std::string&) {
         // 512 MiB taken and touched a mebibyte at a time, slowly enough to be seen.
         std::vector<std::vector<char>> blocks;
         for (int i = 0; i < 512; ++i) {
@@ -118,23 +145,20 @@ TEST(PdfRenderProcess, ChildPastItsMemoryIsStopped) {
         }
         return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, Bounds(std::size_t{8} << 20, milliseconds(60000), 100),
-                                       output, error),
+    EXPECT_EQ(First(work, Bounds(std::size_t{8} << 20, milliseconds(60000), 100), output, error),
               Outcome::kMemory);
 }
 
 TEST(PdfRenderProcess, TextPastItsSizeIsRefused) {
     std::string output;
     std::string error;
-    const auto work = [](std::string& text, std::string&) {
+    const auto work = [](int, std::string& text, std::string&) {
         text.assign(4096, 'x');
         return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(
-                  work, Bounds(std::size_t{1} << 30, milliseconds(60000), 4095), output, error),
+    EXPECT_EQ(First(work, Bounds(std::size_t{1} << 30, milliseconds(60000), 4095), output, error),
               Outcome::kTooLarge);
-    EXPECT_EQ(VRKPdfRenderProcess::Run(
-                  work, Bounds(std::size_t{1} << 30, milliseconds(60000), 4096), output, error),
+    EXPECT_EQ(First(work, Bounds(std::size_t{1} << 30, milliseconds(60000), 4096), output, error),
               Outcome::kDone);
     EXPECT_EQ(output.size(), 4096u);
 }
@@ -142,19 +166,34 @@ TEST(PdfRenderProcess, TextPastItsSizeIsRefused) {
 TEST(PdfRenderProcess, ChildThatDiesIsReported) {
     std::string output;
     std::string error;
-    const auto work = [](std::string&, std::string&) {
+    const auto work = [](int, std::string&, std::string&) {
         ::kill(::getpid(), SIGKILL);
         return true;
     };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kCrashed);
+    EXPECT_EQ(First(work, kWide, output, error), Outcome::kCrashed);
     EXPECT_EQ(error, "the renderer stopped on the page (signal 9)");
 }
 
 TEST(PdfRenderProcess, ChildOutOfMemoryIsReported) {
     std::string output;
     std::string error;
-    const auto work = [](std::string&, std::string&) -> bool { throw std::bad_alloc(); };
-    EXPECT_EQ(VRKPdfRenderProcess::Run(work, kWide, output, error), Outcome::kNoMemory);
+    const auto work = [](int, std::string&, std::string&) -> bool { throw std::bad_alloc(); };
+    EXPECT_EQ(First(work, kWide, output, error), Outcome::kNoMemory);
+}
+
+TEST(PdfRenderProcess, ChildLeftRunningIsEndedWithTheProcessObject) {
+    std::string error;
+    {
+        VRKPdfRenderProcess process;
+        const auto work = [](int, std::string&, std::string&) {
+            std::this_thread::sleep_for(std::chrono::seconds(60));
+            return true;
+        };
+        ASSERT_TRUE(process.Start(work, 0, 1, kWide, error));
+    }
+    // Every child of this test has been waited for: none is left to wait for.
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
 }
 
 TEST(PdfLimits, PageOfFormsDrawingFormsIsStoppedByTime) {
