@@ -28,8 +28,9 @@ packages=(
   # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
   # that its tests run on without a display
   qt6-base-dev qt6-qpa-plugins
-  # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
-  libplot-dev linux-perf
+  # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf;
+  # pstoedit (with Ghostscript), the peer of the PDF import benchmark (bench/pdf-import.py)
+  libplot-dev linux-perf pstoedit
   # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
   clang libclang-rt-14-dev
 )
