@@ -50,7 +50,9 @@ MEMORY_MIB = {"usebomb.svg": 160.0,
               # A PDF page is drawn in a child process that is stopped when its memory has grown by
               # 256 MiB: the process it was forked from, the growth and the last 10 ms before the
               # stop.
-              "formbomb.pdf": 340.0}
+              "formbomb.pdf": 340.0,
+              # The same bound holds while the child opens a document.
+              "xref.pdf": 340.0}
 
 # The inputs are written by a child process of their own (--generate): the runner stays small, so
 # that the memory of the vrkplot processes it forks is theirs and not the inputs' it built.
@@ -320,6 +322,12 @@ def pdf_cases(folder):
     write(folder, "image.pdf", huge_image)
     out.append(("PDF: an image a million pixels a side", "image.pdf", ["-l", "HPGL2"], {}, 2,
                 "image.pdf: page 1: the page takes more than 5 seconds to draw"))
+    write(folder, "xref.pdf", lambda: b"%PDF-1.7\n1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\n"
+          b"endobj\n2 0 obj\n<< /Type /Pages /Kids [3 0 R] /Count 1 >>\nendobj\n3 0 obj\n"
+          b"<< /Type /Page /Parent 2 0 R /MediaBox [0 0 100 100] >>\nendobj\n20000153 0 obj\n"
+          b"<< >>\nendobj\ntrailer\n<< /Root 1 0 R >>\n%%EOF\n")
+    out.append(("PDF: object 20,000,153, no xref table", "xref.pdf", ["-l", "HPGL2"], {}, 2,
+                "xref.pdf: opening the document takes more than 256 MiB of memory"))
     write(folder, "noise.pdf", lambda: b"%PDF-1.7\n" + bytes(range(256)) * 40)
     out.append(("PDF: a header on other bytes", "noise.pdf", ["-l", "HPGL2"], {}, 2,
                 "noise.pdf: the document is damaged"))

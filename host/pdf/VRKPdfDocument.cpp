@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 #include <new>
 #include <string>
 
@@ -80,6 +81,76 @@ void VRKPdfDocument::SetLimits(std::size_t maxPageMemory, std::chrono::milliseco
 }
 
 bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
+    data_ = data;
+    pageCount_ = 0;
+    std::string count;
+    if (!StartChild(0, count, error)) {
+        return false;
+    }
+    pageCount_ = std::atoi(count.c_str());
+    return true;
+}
+
+int VRKPdfDocument::PageCount() const {
+    return pageCount_;
+}
+
+bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
+    svg.clear();
+    std::string count;
+    if (process_->NextPage() != index && !StartChild(index, count, error)) {
+        return false;
+    }
+    return Answer(process_->Next(svg, error), false, error);
+}
+
+bool VRKPdfDocument::StartChild(int first, std::string& count, std::string& error) const {
+    VRKPdfRenderProcess::Limits limits;
+    limits.maxMemoryGrowth = maxPageMemory_;
+    limits.maxTime = maxPageTime_;
+    limits.maxOutput = kMaxSvgBytes;
+    // In the child, the document is opened (index -1), then its pages drawn.
+    const auto work = [this](int index, std::string& text, std::string& message) {
+        if (index < 0) {
+            if (!OpenHere(data_, message)) {
+                return false;
+            }
+            text = std::to_string(poppler_document_get_n_pages(handle_->document));
+            return true;
+        }
+        return RenderPageHere(index, text, message);
+    };
+    if (!process_->Start(work, first, limits, error)) {
+        return false;
+    }
+    return Answer(process_->Next(count, error), true, error);
+}
+
+bool VRKPdfDocument::Answer(VRKPdfRenderProcess::Outcome outcome, bool opening,
+                            std::string& error) const {
+    switch (outcome) {
+        case VRKPdfRenderProcess::Outcome::kDone:
+            return true;
+        case VRKPdfRenderProcess::Outcome::kTime:
+            error = (opening ? "the document takes more than " : "the page takes more than ") +
+                    Seconds(maxPageTime_) + (opening ? " to open" : " to draw");
+            return false;
+        case VRKPdfRenderProcess::Outcome::kMemory:
+            error = (opening ? "opening the document takes more than "
+                             : "drawing the page takes more than ") +
+                    std::to_string(maxPageMemory_ >> 20) + " MiB of memory";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kTooLarge:
+            error = "the page is too large to be drawn";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kNoMemory:
+            throw std::bad_alloc();
+        default:
+            return false;
+    }
+}
+
+bool VRKPdfDocument::OpenHere(std::string_view data, std::string& error) const {
     GBytes* bytes = g_bytes_new_static(data.data(), data.size());
     GError* gerror = nullptr;
     PopplerDocument* document = poppler_document_new_from_bytes(bytes, nullptr, &gerror);
@@ -99,51 +170,11 @@ bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
         }
         return false;
     }
-    process_ = std::make_unique<VRKPdfRenderProcess>();
     if (handle_->document != nullptr) {
         g_object_unref(handle_->document);
     }
     handle_->document = document;
     return true;
-}
-
-int VRKPdfDocument::PageCount() const {
-    return handle_->document != nullptr ? poppler_document_get_n_pages(handle_->document) : 0;
-}
-
-bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
-    svg.clear();
-    if (process_->NextPage() != index) {
-        // A child draws this page and the ones after it, in order.
-        VRKPdfRenderProcess::Limits limits;
-        limits.maxMemoryGrowth = maxPageMemory_;
-        limits.maxTime = maxPageTime_;
-        limits.maxOutput = kMaxSvgBytes;
-        const auto work = [this](int page, std::string& text, std::string& message) {
-            return RenderPageHere(page, text, message);
-        };
-        if (!process_->Start(work, index, PageCount(), limits, error)) {
-            return false;
-        }
-    }
-    switch (process_->Next(svg, error)) {
-        case VRKPdfRenderProcess::Outcome::kDone:
-            return true;
-        case VRKPdfRenderProcess::Outcome::kTime:
-            error = "the page takes more than " + Seconds(maxPageTime_) + " to draw";
-            return false;
-        case VRKPdfRenderProcess::Outcome::kMemory:
-            error = "drawing the page takes more than " + std::to_string(maxPageMemory_ >> 20) +
-                    " MiB of memory";
-            return false;
-        case VRKPdfRenderProcess::Outcome::kTooLarge:
-            error = "the page is too large to be drawn";
-            return false;
-        case VRKPdfRenderProcess::Outcome::kNoMemory:
-            throw std::bad_alloc();
-        default:
-            return false;
-    }
 }
 
 bool VRKPdfDocument::RenderPageHere(int index, std::string& svg, std::string& error) const {

@@ -22,8 +22,10 @@ class VRKPdfDocument {
     // (VRKPdfRenderProcess): how far its memory may grow, and its time.
     void SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime);
 
-    // Opens the document held in `data`, which must outlive this object. False with `error`
-    // set: damaged, encrypted or not a PDF.
+    // Opens the document held in `data`, which must outlive this object: a child process opens
+    // it, says how many pages it has and goes on to draw them (Poppler may take memory on the
+    // word of a damaged file while it mends it, so it opens the file in the child too). False
+    // with `error` set: damaged, encrypted, not a PDF, or past the bounds.
     bool Open(std::string_view data, std::string& error);
     int PageCount() const;
     // Renders page `index` (from 0) into `svg` (replaced), in a child process within the
@@ -36,7 +38,16 @@ class VRKPdfDocument {
     std::size_t maxPageMemory_ = std::size_t{256} << 20;
     std::chrono::milliseconds maxPageTime_{5000};
 
-    // Renders the page in this process.
+    std::string_view data_;
+    int pageCount_ = 0;
+
+    // Starts a child that opens the document and draws the pages from `first`; its answer to
+    // the opening, the page count, in `count`.
+    bool StartChild(int first, std::string& count, std::string& error) const;
+    // True for kDone; else false with the message for `outcome` (of the opening or a page).
+    bool Answer(VRKPdfRenderProcess::Outcome outcome, bool opening, std::string& error) const;
+    // In the child: opens the document, and renders a page.
+    bool OpenHere(std::string_view data, std::string& error) const;
     bool RenderPageHere(int index, std::string& svg, std::string& error) const;
     std::unique_ptr<Handle> handle_;
     // The child that draws the pages.

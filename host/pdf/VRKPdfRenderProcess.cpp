@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <string>
@@ -49,12 +50,25 @@ bool WriteAnswer(int fd, unsigned char status, const std::string& text) {
 
 // In the child: draws the pages and writes their answers, then ends without running anything of
 // the parent's (no destructors of static objects, no flushing of the parent's buffered output).
-[[noreturn]] void Child(int fd, const VRKPdfRenderProcess::Work& work, int first, int end) {
-    // Interrupts are the parent's to handle; the child simply ends.
-    ::signal(SIGINT, SIG_DFL);
-    ::signal(SIGTERM, SIG_DFL);
-    ::signal(SIGHUP, SIG_DFL);
-    for (int index = first; index < end; ++index) {
+[[noreturn]] void Child(int fd, const VRKPdfRenderProcess::Work& work, int first) {
+    // The child ends as the default actions end a program, whatever handlers the program that
+    // forked it set: those are for its own affairs (vrkplot removes its unfinished plot file on
+    // a signal), and a crash inside the renderer must end the child only, with the signal for
+    // the parent to see.
+    struct sigaction action {};
+    action.sa_handler = SIG_DFL;
+    sigemptyset(&action.sa_mask);
+    for (int signal = 1; signal < NSIG; ++signal) {
+        if (signal != SIGKILL && signal != SIGSTOP) {
+            ::sigaction(signal, &action, nullptr);
+        }
+    }
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    // The opening says how many pages there are.
+    int end = 0;
+    for (int index = -1; index < end; index = index < 0 ? first : index + 1) {
         unsigned char status = kAnswerFailed;
         std::string output;
         std::string error;
@@ -71,6 +85,9 @@ bool WriteAnswer(int fd, unsigned char status, const std::string& text) {
                                                                    : std::string());
         if (!written || status != kAnswerDone) {
             ::_exit(written ? 0 : 1);
+        }
+        if (index < 0) {
+            end = std::atoi(output.c_str());
         }
     }
     ::_exit(0);
@@ -104,7 +121,7 @@ VRKPdfRenderProcess::~VRKPdfRenderProcess() {
     Stop(true);
 }
 
-bool VRKPdfRenderProcess::Start(const Work& work, int first, int end, const Limits& limits,
+bool VRKPdfRenderProcess::Start(const Work& work, int first, const Limits& limits,
                                 std::string& error) {
     Stop(true);
     int fds[2];
@@ -122,12 +139,13 @@ bool VRKPdfRenderProcess::Start(const Work& work, int first, int end, const Limi
     }
     if (pid == 0) {
         ::close(fds[0]);
-        Child(fds[1], work, first, end);
+        Child(fds[1], work, first);
     }
     ::close(fds[1]);
     pid_ = pid;
     fd_ = fds[0];
-    next_ = first;
+    next_ = -1;
+    first_ = first;
     limits_ = limits;
     pending_.clear();
     startMemory_ = ResidentBytes(pid);
@@ -204,7 +222,7 @@ VRKPdfRenderProcess::Outcome VRKPdfRenderProcess::Next(std::string& output, std:
             error = std::move(text);
         }
     }
-    ++next_;
+    next_ = next_ < 0 ? first_ : next_ + 1;
     if (status == kAnswerDone) {
         return Outcome::kDone;
     }

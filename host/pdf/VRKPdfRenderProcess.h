@@ -20,7 +20,8 @@
 class VRKPdfRenderProcess {
   public:
     // The child's work for page `index`: fills `output` and returns true, or sets `error` and
-    // returns false (the child then stops).
+    // returns false (the child then stops). Index -1 comes first: opening the document, whose
+    // output is the number of pages in decimal.
     using Work = std::function<bool(int index, std::string& output, std::string& error)>;
 
     struct Limits {
@@ -49,19 +50,21 @@ class VRKPdfRenderProcess {
     VRKPdfRenderProcess(const VRKPdfRenderProcess&) = delete;
     VRKPdfRenderProcess& operator=(const VRKPdfRenderProcess&) = delete;
 
-    // Starts a child that runs `work` for the pages `first` to `end` - 1 in order (ending one
-    // that runs). False with `error` set when no child can be started.
-    bool Start(const Work& work, int first, int end, const Limits& limits, std::string& error);
-    // The page after the last one answered, waited for within the bounds. Past a bound, or when
-    // the page fails, the child is ended.
+    // Starts a child (ending one that runs) that runs `work` for -1, the opening, then for the
+    // pages from `first` to the last in order. False with `error` set when no child can be
+    // started.
+    bool Start(const Work& work, int first, const Limits& limits, std::string& error);
+    // The answer after the last one given (first the opening's), waited for within the bounds.
+    // Past a bound, or when the work fails, the child is ended.
     Outcome Next(std::string& output, std::string& error);
-    // The page Next() answers next, or -1 when no child runs.
-    int NextPage() const { return pid_ > 0 ? next_ : -1; }
+    // What Next() answers next: -1 for the opening, else a page; -2 when no child runs.
+    int NextPage() const { return pid_ > 0 ? next_ : -2; }
 
   private:
     pid_t pid_ = -1;
     int fd_ = -1;
-    int next_ = 0;
+    int next_ = -2;
+    int first_ = 0;
     Limits limits_;
     std::size_t startMemory_ = 0;
     // Bytes read past the answer handed out last.

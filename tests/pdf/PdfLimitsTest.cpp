@@ -59,11 +59,11 @@ VRKPdfRenderProcess::Limits Bounds(std::size_t memory, milliseconds time, std::s
 const VRKPdfRenderProcess::Limits kWide =
     Bounds(std::size_t{1} << 30, milliseconds(60000), 1 << 20);
 
-// Runs `work` for pages 0 to `end` - 1 and gives the outcome of the first page.
+// Runs `work` as the opening of a child and gives its outcome.
 Outcome First(const VRKPdfRenderProcess::Work& work, const VRKPdfRenderProcess::Limits& limits,
-              std::string& output, std::string& error, int end = 1) {
+              std::string& output, std::string& error) {
     VRKPdfRenderProcess process;
-    EXPECT_TRUE(process.Start(work, 0, end, limits, error)) << error;
+    EXPECT_TRUE(process.Start(work, 0, limits, error)) << error;
     return process.Next(output, error);
 }
 
@@ -71,20 +71,29 @@ TEST(PdfRenderProcess, TextOfEachPageComesBackInOrder) {
     VRKPdfRenderProcess process;
     std::string error;
     const auto work = [](int index, std::string& text, std::string&) {
+        if (index < 0) {
+            text = "4";
+            return true;
+        }
         // Pages of different sizes, the second larger than the pipe holds.
         text = std::string(index == 1 ? 200000 : 10, static_cast<char>('a' + index));
         text += std::string("\0\xff", 2);
         return true;
     };
-    ASSERT_TRUE(process.Start(work, 1, 4, kWide, error)) << error;
-    EXPECT_EQ(process.NextPage(), 1);
+    ASSERT_TRUE(process.Start(work, 1, kWide, error)) << error;
+    EXPECT_EQ(process.NextPage(), -1);
     std::string output;
+    ASSERT_EQ(process.Next(output, error), Outcome::kDone);
+    EXPECT_EQ(output, "4");
+    EXPECT_EQ(process.NextPage(), 1);
     for (int index = 1; index < 4; ++index) {
         ASSERT_EQ(process.Next(output, error), Outcome::kDone) << index;
         EXPECT_EQ(output, std::string(index == 1 ? 200000 : 10, static_cast<char>('a' + index)) +
                               std::string("\0\xff", 2));
     }
     EXPECT_EQ(process.NextPage(), 4);
+    // The child has ended after the last page.
+    EXPECT_EQ(process.Next(output, error), Outcome::kCrashed);
 }
 
 TEST(PdfRenderProcess, ChildDoesNotChangeTheParent) {
@@ -110,16 +119,18 @@ TEST(PdfRenderProcess, MessageOfAFailureComesBackAndEndsTheChild) {
             message = "the page cannot be read";
             return false;
         }
-        text = "page";
+        text = index < 0 ? "3" : "page";
         return true;
     };
-    ASSERT_TRUE(process.Start(work, 0, 3, kWide, error));
+    ASSERT_TRUE(process.Start(work, 0, kWide, error));
+    EXPECT_EQ(process.Next(output, error), Outcome::kDone);
+    EXPECT_EQ(output, "3");
     EXPECT_EQ(process.Next(output, error), Outcome::kDone);
     EXPECT_EQ(output, "page");
     EXPECT_EQ(process.Next(output, error), Outcome::kFailed);
     EXPECT_EQ(error, "the page cannot be read");
     EXPECT_EQ(output, "");
-    EXPECT_EQ(process.NextPage(), -1);
+    EXPECT_EQ(process.NextPage(), -2);
 }
 
 TEST(PdfRenderProcess, ChildPastItsTimeIsStopped) {
@@ -174,6 +185,40 @@ TEST(PdfRenderProcess, ChildThatDiesIsReported) {
     EXPECT_EQ(error, "the renderer stopped on the page (signal 9)");
 }
 
+TEST(PdfRenderProcess, CrashOfTheChildIsItsOwn) {
+    std::string output;
+    std::string error;
+    const auto work = [](int, std::string&, std::string&) {
+        ::raise(SIGSEGV);
+        return true;
+    };
+    EXPECT_EQ(First(work, kWide, output, error), Outcome::kCrashed);
+    EXPECT_EQ(error, "the renderer stopped on the page (signal 11)");
+}
+
+void ExitWith42(int) {
+    ::_exit(42);
+}
+
+TEST(PdfRenderProcess, HandlersOfTheParentDoNotRunInTheChild) {
+    // A handler like vrkplot's, which removes its unfinished plot: a signal in the child must
+    // not run it there.
+    struct sigaction handler {};
+    struct sigaction before {};
+    handler.sa_handler = ExitWith42;
+    sigemptyset(&handler.sa_mask);
+    ASSERT_EQ(::sigaction(SIGUSR1, &handler, &before), 0);
+    std::string output;
+    std::string error;
+    const auto work = [](int, std::string&, std::string&) {
+        ::raise(SIGUSR1);
+        return true;
+    };
+    EXPECT_EQ(First(work, kWide, output, error), Outcome::kCrashed);
+    EXPECT_EQ(error, "the renderer stopped on the page (signal 10)");
+    ::sigaction(SIGUSR1, &before, nullptr);
+}
+
 TEST(PdfRenderProcess, ChildOutOfMemoryIsReported) {
     std::string output;
     std::string error;
@@ -189,7 +234,7 @@ TEST(PdfRenderProcess, ChildLeftRunningIsEndedWithTheProcessObject) {
             std::this_thread::sleep_for(std::chrono::seconds(60));
             return true;
         };
-        ASSERT_TRUE(process.Start(work, 0, 1, kWide, error));
+        ASSERT_TRUE(process.Start(work, 0, kWide, error));
     }
     // Every child of this test has been waited for: none is left to wait for.
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
@@ -253,6 +298,23 @@ TEST(PdfLimits, ImageOfAMillionPixelsASideIsStopped) {
     EXPECT_FALSE(importer.ReadMemory(file.Finish(catalog), "plan.pdf", drawings));
     EXPECT_EQ(importer.GetError(),
               "plan.pdf: page 1: the page takes more than 0.3 seconds to draw");
+}
+
+TEST(PdfLimits, DocumentWhoseMendingTakesTooMuchMemoryIsStopped) {
+    // No cross-reference table, and an object numbered 20,000,153: Poppler makes room for
+    // twenty million entries while it mends the table (over a gigabyte, found by the fuzz target).
+    const std::string pdf =
+        "%PDF-1.7\n1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\nendobj\n"
+        "2 0 obj\n<< /Type /Pages /Kids [3 0 R] /Count 1 >>\nendobj\n"
+        "3 0 obj\n<< /Type /Page /Parent 2 0 R /MediaBox [0 0 100 100] >>\nendobj\n"
+        "20000153 0 obj\n<< >>\nendobj\ntrailer\n<< /Root 1 0 R >>\n%%EOF\n";
+    VRKPdfImporter importer;
+    importer.SetLimits(std::size_t{16} << 20, milliseconds(600000));
+    std::vector<VRKDrawing> pages;
+    EXPECT_FALSE(importer.ReadMemory(pdf, "plan.pdf", pages));
+    EXPECT_EQ(importer.GetError(),
+              "plan.pdf: opening the document takes more than 16 MiB of memory");
+    EXPECT_TRUE(pages.empty());
 }
 
 TEST(PdfLimits, SecondsInTheMessage) {
