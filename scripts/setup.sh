@@ -7,6 +7,9 @@ set -euo pipefail
 packages=(
   # Toolchain
   cmake ninja-build g++ pkg-config clang-format
+  # Packaging (cpack -G DEB): dpkg-shlibdeps for the package's dependencies, and file, which
+  # cpack asks which packaged files are ELF objects
+  dpkg-dev file
   # Tests and benchmarks
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   # localedef and the locale sources, for the tests that run under a decimal-comma locale
@@ -25,12 +28,18 @@ packages=(
   libsvgpp-dev libxml2-dev libboost-dev
   # PDF drawings: Poppler's GLib interface, rendering through cairo
   libpoppler-glib-dev libcairo2-dev
+  # The spooler's filter and PPD files: libcups (the PPD interface), the PPD compiler, and for
+  # the tests cupstestppd and cupsfilter
+  libcups2-dev cups-ppdc cups-client cups
   # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
   # that its tests run on without a display
   qt6-base-dev qt6-qpa-plugins
   # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf;
   # pstoedit (with Ghostscript), the peer of the PDF import benchmark (bench/pdf-import.py)
   libplot-dev linux-perf pstoedit
+  # The test through a private spooler (tests/cups): cupsd and cups-exec (the socket backend comes
+  # with cups, lpadmin and lp with cups-client, both above)
+  cups-daemon
   # Fuzzing (scripts/fuzz.sh): clang 14 with libFuzzer and the sanitizer runtimes it links
   clang libclang-rt-14-dev
 )

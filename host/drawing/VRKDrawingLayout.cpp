@@ -73,7 +73,24 @@ bool VRKDrawingLayout::Place(float width, float height, VRKPrintParameters& para
     float across = sheet.width;
     float up = sheet.height;
     int orientation = 1;
-    if (landscape) {
+    bool scaled = fit;
+    const bool roll = form.has_value() && form->height == 0.0f;
+    if (roll) {
+        // A roll: the drawing's side along the roll's width decides the scale, the other its
+        // length.
+        const float side = landscape ? height : width;
+        const float along = landscape ? width : height;
+        const float inner = sheet.width - 2.0f * margins;
+        float scale = 1.0f;
+        if ((fit || (fitWhenLarger && side > inner)) && side > 0.0f && inner > 0.0f) {
+            scale = inner / side;
+            scaled = true;
+        }
+        sheet.height = along * scale + 2.0f * margins;
+        across = landscape ? sheet.height : sheet.width;
+        up = landscape ? sheet.width : sheet.height;
+        orientation = landscape ? 0 : 1;
+    } else if (landscape) {
         const float shortSide = std::min(sheet.width, sheet.height);
         const float longSide = std::max(sheet.width, sheet.height);
         sheet = {shortSide, longSide};
@@ -90,7 +107,10 @@ bool VRKDrawingLayout::Place(float width, float height, VRKPrintParameters& para
         return false;
     }
     placement = Placement{};
-    if (fit && width > 0.0f && height > 0.0f) {
+    if (!roll && fitWhenLarger && (width > innerAcross || height > innerUp)) {
+        scaled = true;
+    }
+    if (scaled && width > 0.0f && height > 0.0f) {
         placement.scale = std::min(innerAcross / width, innerUp / height);
         placement.dx = margins + (innerAcross - width * placement.scale) / 2.0f;
         placement.dy = margins + (innerUp - height * placement.scale) / 2.0f;

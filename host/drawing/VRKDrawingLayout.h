@@ -13,6 +13,13 @@
 // proportions, to the largest size that fits inside the margins, centred. `landscape` lays the form
 // with its long side across.
 //
+// A form of height 0 is a roll: `width` across and as long as the drawing needs (its own length,
+// or its length scaled as `fit` asks, and the margins). In landscape the roll's width spans the
+// drawing's height and the drawing runs along the roll.
+//
+// `fitWhenLarger` scales as `fit` does, but only a drawing that does not fit inside the margins
+// as it stands (a spooler's "auto" scaling); a drawing that fits keeps its size.
+//
 // The host's form counts orientation 1 as upright and 0 as turned, in which case the generators
 // lay the drawing along the form's height: a landscape form is given as the upright sheet
 // (short side as width) with orientation 0, and the drawing then spans the long side across.
@@ -24,6 +31,7 @@ struct VRKDrawingLayout {
     std::optional<Form> form;
     bool landscape = false;
     bool fit = false;
+    bool fitWhenLarger = false;
     float margins = 0.0f;  // millimetres, on every side
 
     // How the drawing's page coordinates become the form's: scaled, then moved.

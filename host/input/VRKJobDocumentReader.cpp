@@ -35,8 +35,9 @@ bool VRKJobDocumentReader::Recognizes(std::string_view head) const {
 
 bool VRKJobDocumentReader::Play(VRKDocumentInput& input, VRKPrintGenerator& generator,
                                 const VRKDocumentOptions& options, VRKDocumentResult& result) {
-    if (options.layout.form.has_value() || options.layout.fit || options.layout.landscape ||
-        options.layout.margins != 0.0f) {
+    if (!options.layoutFromPrinter &&
+        (options.layout.form.has_value() || options.layout.fit || options.layout.landscape ||
+         options.layout.margins != 0.0f)) {
         result.warnings.push_back(input.GetName() +
                                   ": a job file sets its own pages; --form, --landscape, --fit "
                                   "and --margins apply to drawings and are not used");

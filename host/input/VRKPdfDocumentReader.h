@@ -10,7 +10,13 @@ class VRKPdfDocumentReader final : public VRKDrawingDocumentReader {
     const char* GetDescription() const override { return "PDF documents (.pdf)"; }
     std::vector<std::string> GetExtensions() const override { return {".pdf"}; }
     bool Recognizes(std::string_view head) const override;
+    // Plays the document with the options' text mode (VRKDocumentOptions::textLabels).
+    bool Play(VRKDocumentInput& input, VRKPrintGenerator& generator,
+              const VRKDocumentOptions& options, VRKDocumentResult& result) override;
 
   protected:
     bool Import(VRKDocumentInput& input, const PageSink& page, VRKDocumentResult& result) override;
+
+  private:
+    bool textLabels_ = false;
 };

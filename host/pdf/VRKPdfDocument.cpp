@@ -4,13 +4,18 @@
 #include <cairo.h>
 #include <poppler.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "host/pdf/VRKPdfRenderProcess.h"
+#include "host/pdf/VRKPdfTextLabels.h"
 
 namespace {
 
@@ -57,6 +62,35 @@ std::string ErrorText(const GError* error) {
         return "no reason given";
     }
     return error->message;
+}
+
+// The font name without its subset prefix: six capital letters and a plus sign.
+std::string WithoutSubset(const char* name) {
+    std::string text = name != nullptr ? name : "";
+    if (text.size() > 7 && text[6] == '+') {
+        bool prefix = true;
+        for (int i = 0; i < 6; ++i) {
+            prefix = prefix && text[i] >= 'A' && text[i] <= 'Z';
+        }
+        if (prefix) {
+            text.erase(0, 7);
+        }
+    }
+    return text;
+}
+
+// The text as one string a character, UTF-8 sequences kept whole.
+std::vector<std::string> SplitCharacters(const char* text) {
+    std::vector<std::string> characters;
+    for (const char* at = text; *at != '\0';) {
+        const char* next = g_utf8_find_next_char(at, nullptr);
+        if (next == nullptr) {
+            next = at + std::char_traits<char>::length(at);
+        }
+        characters.emplace_back(at, next);
+        at = next;
+    }
+    return characters;
 }
 
 }  // namespace
@@ -118,7 +152,15 @@ bool VRKPdfDocument::StartChild(int first, std::string& count, std::string& erro
             text = std::to_string(poppler_document_get_n_pages(handle_->document));
             return true;
         }
-        return RenderPageHere(index, text, message);
+        if (!RenderPageHere(index, text, message)) {
+            return false;
+        }
+        if (textLabels_) {
+            std::vector<VRKPdfCharacter> characters;
+            PageCharacters(index, characters);
+            VRKPdfTextLabels::Apply(text, characters);
+        }
+        return true;
     };
     if (!process_->Start(work, first, limits, error)) {
         return false;
@@ -219,4 +261,56 @@ bool VRKPdfDocument::RenderPageHere(int index, std::string& svg, std::string& er
         return false;
     }
     return true;
+}
+
+void VRKPdfDocument::PageCharacters(int index, std::vector<VRKPdfCharacter>& characters) const {
+    characters.clear();
+    if (handle_->document == nullptr) {
+        return;
+    }
+    PopplerPage* page = poppler_document_get_page(handle_->document, index);
+    if (page == nullptr) {
+        return;
+    }
+    // Freed however this ends (a vector below may run out of memory).
+    const std::unique_ptr<char, decltype(&g_free)> text(poppler_page_get_text(page), g_free);
+    PopplerRectangle* laidOutBoxes = nullptr;
+    guint count = 0;
+    const bool laidOut = poppler_page_get_text_layout(page, &laidOutBoxes, &count);
+    const std::unique_ptr<PopplerRectangle, decltype(&g_free)> boxes(laidOutBoxes, g_free);
+    const std::unique_ptr<GList, decltype(&poppler_page_free_text_attributes)> attributes(
+        poppler_page_get_text_attributes(page), poppler_page_free_text_attributes);
+    g_object_unref(page);
+    std::vector<std::string> utf8 =
+        text != nullptr ? SplitCharacters(text.get()) : std::vector<std::string>();
+    // The text, its boxes and its attributes must tell of the same characters.
+    if (!laidOut || utf8.size() != count) {
+        return;
+    }
+    characters.resize(count);
+    for (guint i = 0; i < count; ++i) {
+        VRKPdfCharacter& character = characters[i];
+        character.utf8 = std::move(utf8[i]);
+        character.x1 = boxes.get()[i].x1;
+        character.y1 = boxes.get()[i].y1;
+        character.x2 = boxes.get()[i].x2;
+        character.y2 = boxes.get()[i].y2;
+        character.plain = false;
+    }
+    for (GList* item = attributes.get(); item != nullptr; item = item->next) {
+        const auto* run = static_cast<const PopplerTextAttributes*>(item->data);
+        // A font without a name is reported as "Default". Every kind of font but Type 3 must
+        // name its face (/BaseFont); a Type 3 font has no face to name, its glyphs are drawn by
+        // procedures of its own. (Asking Poppler for the fonts' kinds instead would look up
+        // substitutes for every font of the document.)
+        const bool named =
+            run->font_name != nullptr && std::string_view(run->font_name) != "Default";
+        const std::string font = WithoutSubset(run->font_name);
+        for (int i = std::max(run->start_index, 0);
+             i <= run->end_index && i < static_cast<int>(count); ++i) {
+            characters[i].font = font;
+            characters[i].size = run->font_size;
+            characters[i].plain = named;
+        }
+    }
 }

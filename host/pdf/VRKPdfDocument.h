@@ -5,6 +5,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "host/pdf/VRKPdfCharacter.h"
 
 #include "host/pdf/VRKPdfRenderProcess.h"
 
@@ -21,6 +24,9 @@ class VRKPdfDocument {
     // Bounds of the rendering of one page, which runs in a child process
     // (VRKPdfRenderProcess): how far its memory may grow, and its time.
     void SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime);
+    // Text in a plain font drawn as labels (VRKPdfTextLabels applied to each page's SVG in the
+    // child, from the page's characters) instead of outlines. Set before Open.
+    void SetTextLabels(bool labels) { textLabels_ = labels; }
 
     // Opens the document held in `data`, which must outlive this object: a child process opens
     // it, says how many pages it has and goes on to draw them (Poppler may take memory on the
@@ -49,6 +55,11 @@ class VRKPdfDocument {
     // In the child: opens the document, and renders a page.
     bool OpenHere(std::string_view data, std::string& error) const;
     bool RenderPageHere(int index, std::string& svg, std::string& error) const;
+    // In the child: the text of page `index` character by character, in reading order
+    // (replaced). Left empty when the page has no text or its text layer cannot be read
+    // consistently.
+    void PageCharacters(int index, std::vector<VRKPdfCharacter>& characters) const;
+    bool textLabels_ = false;
     std::unique_ptr<Handle> handle_;
     // The child that draws the pages.
     std::unique_ptr<VRKPdfRenderProcess> process_;

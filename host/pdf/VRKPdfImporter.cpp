@@ -47,6 +47,7 @@ bool VRKPdfImporter::Read(std::string_view data, const std::string& name,
     }
     VRKPdfDocument document;
     document.SetLimits(maxPageMemory_, maxPageTime_);
+    document.SetTextLabels(textLabels_);
     std::string error;
     if (!document.Open(data, error)) {
         error_ = name + ": " + error;

@@ -9,8 +9,8 @@
 #include "host/drawing/VRKDrawing.h"
 
 // Reads PDF documents into drawings, one a page. Each page is rendered as vector SVG and read by
-// the SVG importer, so a page is drawn as that importer draws it: text as outlined fills, images
-// as images, clipping ignored (and reported). Never throws.
+// the SVG importer, so a page is drawn as that importer draws it: text as outlined fills (or as
+// labels, see SetTextLabels), images as images, clipping ignored (and reported). Never throws.
 class VRKPdfImporter {
   public:
     // Documents larger than this are refused before they are opened.
@@ -35,6 +35,10 @@ class VRKPdfImporter {
     // `pages` emptied: not a PDF, damaged, encrypted (password needed), no pages, or larger
     // than the limits (a page stopped at its bounds).
     bool ReadMemory(std::string_view data, const std::string& name, std::vector<VRKDrawing>& pages);
+    // Text in a plain font becomes the drawing's texts (labels the plotter draws with its own
+    // font) instead of glyph outlines; text no plotter font can stand for stays outlines
+    // (VRKPdfTextLabels). Off by default.
+    void SetTextLabels(bool labels) { textLabels_ = labels; }
     const std::string& GetError() const { return error_; }
     // What was not drawn as the document asks, each kind once (from the SVG importer's
     // warnings, with the page named: "plan.pdf: page 2: ...").
@@ -47,6 +51,7 @@ class VRKPdfImporter {
     std::chrono::milliseconds maxPageTime_ = kMaxPageTime;
     std::string error_;
     std::vector<std::string> warnings_;
+    bool textLabels_ = false;
 
     bool Read(std::string_view data, const std::string& name, std::vector<VRKDrawing>& pages);
     // A message of the SVG importer about the page's SVG, named `svgName`, rewritten to name

@@ -206,4 +206,23 @@ TEST(DocumentFormats, DrawingOptionsOnAJobAreSaidToBeUnused) {
                                                "drawings and are not used"}));
 }
 
+TEST(DocumentFormats, ThePrintersLayoutOnAJobIsUnusedWithoutAWord) {
+    TempFolder folder;
+    const std::string path = folder.File("a.job");
+    std::ofstream(path) << "Begin\nEnd\n";
+    VRKDocumentInput input;
+    std::string error;
+    ASSERT_TRUE(input.Open(path, error));
+    VRKDocumentOptions options;
+    options.layout.form = VRKDrawingLayout::Form{210.0f, 297.0f};
+    options.layout.fitWhenLarger = true;
+    options.layout.margins = 5.0f;
+    options.layoutFromPrinter = true;
+    RecordingGenerator generator;
+    VRKDocumentResult result;
+    VRKJobDocumentReader reader;
+    ASSERT_TRUE(reader.Play(input, generator, options, result));
+    EXPECT_EQ(result.warnings, std::vector<std::string>{});
+}
+
 }  // namespace

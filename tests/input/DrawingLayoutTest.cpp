@@ -124,4 +124,85 @@ TEST(DrawingLayout, MarginsThatLeaveNothingAreAnError) {
     EXPECT_EQ(p.error, "margins of 105 mm leave nothing of the form");
 }
 
+TEST(DrawingLayout, FitWhenLargerKeepsADrawingThatFits) {
+    VRKDrawingLayout layout;
+    layout.form = VRKDrawingLayout::Form{210.0f, 297.0f};
+    layout.fitWhenLarger = true;
+    layout.margins = 5.0f;
+    const Placed p = place(layout, 200.0f, 100.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.placement.scale, 1.0f);
+    EXPECT_EQ(p.placement.dx, 5.0f);
+    EXPECT_EQ(p.placement.dy, 192.0f);
+}
+
+TEST(DrawingLayout, FitWhenLargerScalesADrawingThatDoesNotFit) {
+    VRKDrawingLayout layout;
+    layout.form = VRKDrawingLayout::Form{210.0f, 297.0f};
+    layout.fitWhenLarger = true;
+    layout.margins = 5.0f;
+    const Placed p = place(layout, 400.0f, 100.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.placement.scale, 0.5f);  // 200 / 400
+    EXPECT_EQ(p.placement.dx, 5.0f);
+    EXPECT_EQ(p.placement.dy, 5.0f + (287.0f - 50.0f) / 2.0f);
+}
+
+TEST(DrawingLayout, ARollIsAsLongAsTheDrawing) {
+    VRKDrawingLayout layout;
+    layout.form = VRKDrawingLayout::Form{600.0f, 0.0f};
+    layout.margins = 5.0f;
+    const Placed p = place(layout, 300.0f, 1000.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.params.GetForm().GetWidth(), 600.0f);
+    EXPECT_EQ(p.params.GetForm().GetHeight(), 1010.0f);
+    EXPECT_EQ(p.params.GetForm().GetOrientation(), 1);
+    EXPECT_EQ(p.placement.scale, 1.0f);
+    EXPECT_EQ(p.placement.dx, 5.0f);
+    EXPECT_EQ(p.placement.dy, 5.0f);
+}
+
+TEST(DrawingLayout, FitOnARollScalesToItsWidth) {
+    VRKDrawingLayout layout;
+    layout.form = VRKDrawingLayout::Form{410.0f, 0.0f};
+    layout.margins = 5.0f;
+    layout.fit = true;
+    const Placed p = place(layout, 100.0f, 50.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.params.GetForm().GetWidth(), 410.0f);
+    EXPECT_EQ(p.params.GetForm().GetHeight(), 210.0f);  // 50 * 4 + 10
+    EXPECT_EQ(p.placement.scale, 4.0f);
+    EXPECT_EQ(p.placement.dx, 5.0f);
+    EXPECT_EQ(p.placement.dy, 5.0f);
+}
+
+TEST(DrawingLayout, FitWhenLargerOnARollScalesOnlyAWiderDrawing) {
+    VRKDrawingLayout layout;
+    layout.form = VRKDrawingLayout::Form{410.0f, 0.0f};
+    layout.margins = 5.0f;
+    layout.fitWhenLarger = true;
+    Placed p = place(layout, 400.0f, 50.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.placement.scale, 1.0f);
+    EXPECT_EQ(p.params.GetForm().GetHeight(), 60.0f);
+    p = place(layout, 800.0f, 100.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.placement.scale, 0.5f);
+    EXPECT_EQ(p.params.GetForm().GetHeight(), 60.0f);
+}
+
+TEST(DrawingLayout, LandscapeOnARollRunsTheDrawingAlongIt) {
+    VRKDrawingLayout layout;
+    layout.form = VRKDrawingLayout::Form{600.0f, 0.0f};
+    layout.landscape = true;
+    const Placed p = place(layout, 1000.0f, 300.0f);
+    ASSERT_TRUE(p.ok);
+    EXPECT_EQ(p.params.GetForm().GetWidth(), 600.0f);
+    EXPECT_EQ(p.params.GetForm().GetHeight(), 1000.0f);
+    EXPECT_EQ(p.params.GetForm().GetOrientation(), 0);
+    EXPECT_EQ(p.placement.scale, 1.0f);
+    EXPECT_EQ(p.placement.dx, 0.0f);
+    EXPECT_EQ(p.placement.dy, 300.0f);  // 600 across the roll - 300
+}
+
 }  // namespace

@@ -61,14 +61,25 @@ bool DocumentPlotter::WritesFile(const VRKDestination& destination) {
            target.GetKind() != VRKOutputPath::Kind::kInPlace;
 }
 
+void DocumentPlotter::ProgramError(const std::string& message) const {
+    std::cerr << style_.error << style_.program << message << '\n';
+}
+
+void DocumentPlotter::Error(const std::string& message) const {
+    std::cerr << style_.error << message << '\n';
+}
+
+void DocumentPlotter::Warning(const std::string& message) const {
+    std::cerr << style_.warning << message << '\n';
+}
+
 DocumentPlotter::DocumentPlotter(const VRKClassEntry& language, std::vector<Settings> settings)
     : language_(language), settings_(std::move(settings)) {}
 
 VRKBaseUnknown* DocumentPlotter::MakeGenerator() const {
     VRKBaseUnknown* generator = language_.factory != nullptr ? language_.factory() : nullptr;
     if (generator == nullptr) {
-        std::cerr << "vrkplot: cannot create a generator for the language " << language_.language
-                  << '\n';
+        ProgramError("cannot create a generator for the language " + language_.language);
         return nullptr;
     }
     for (const Settings& settings : settings_) {
@@ -76,7 +87,7 @@ VRKBaseUnknown* DocumentPlotter::MakeGenerator() const {
         // The reader takes the element as it is; a copy keeps ours for the next job.
         VRKLightXmlElement element = settings.element;
         if (!VRKGeneratorSettings::Read(generator, element, settings.source, error)) {
-            std::cerr << "vrkplot: " << error << " (language " << language_.language << ")\n";
+            ProgramError(error + " (language " + language_.language + ")");
             generator->Release();
             return nullptr;
         }
@@ -87,7 +98,7 @@ VRKBaseUnknown* DocumentPlotter::MakeGenerator() const {
 bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& destination) const {
     if (destination.kind == VRKDestination::Kind::kPath && document != "-" &&
         sameFile(document, destination.path)) {
-        std::cerr << "vrkplot: " << destination.path << ": the output is the document itself\n";
+        ProgramError(destination.path + ": the output is the document itself");
         return false;
     }
     // The document first: a file that cannot be read, or is of no format known, leaves the
@@ -95,12 +106,12 @@ bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& de
     VRKDocumentInput input;
     std::string error;
     if (!input.Open(document, error)) {
-        std::cerr << error << '\n';
+        Error(error);
         return false;
     }
     VRKDocumentReader* reader = VRKDocumentFormats::Choose(input, error);
     if (reader == nullptr) {
-        std::cerr << error << '\n';
+        Error(error);
         return false;
     }
     VRKBaseUnknown* object = MakeGenerator();
@@ -110,8 +121,7 @@ bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& de
     auto* generator = dynamic_cast<VRKPrintFileGenerator*>(object);
     if (generator == nullptr) {
         object->Release();
-        std::cerr << "vrkplot: cannot create a file generator for the language "
-                  << language_.language << '\n';
+        ProgramError("cannot create a file generator for the language " + language_.language);
         return false;
     }
 
@@ -125,8 +135,8 @@ bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& de
     // The name goes inside the quotes of the printer's PJL lines: nothing in it may end them.
     if (const std::string changes = VRKJobName::Changes(jobName); !changes.empty()) {
         jobName = VRKJobName::Clean(jobName);
-        std::cerr << "vrkplot: the job name was cleaned for the printer (" << changes
-                  << "): " << jobName << '\n';
+        Warning(style_.program + "the job name was cleaned for the printer (" + changes +
+                "): " + jobName);
     }
     VRKJobOutput::Options options = options_;
     options.send.title = jobName;
@@ -134,7 +144,7 @@ bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& de
     VRKJobOutput out;
     if (!out.Open(destination, options, error)) {
         generator->Release();
-        std::cerr << "vrkplot: " << error << '\n';
+        ProgramError(error);
         return false;
     }
     TemporaryFiles::Set(out.GetTemporaryPath());
@@ -146,25 +156,25 @@ bool DocumentPlotter::Plot(const std::string& document, const VRKDestination& de
     generator->Release();
     for (const std::string& warning : result.warnings) {
         // "FILE:LINE: message", as compilers say it, for editors to jump to.
-        std::cerr << warning << '\n';
+        Warning(warning);
     }
 
     if (!played) {
         out.Discard();
         TemporaryFiles::Set(std::string());
-        std::cerr << result.error << '\n';
+        Error(result.error);
         return false;
     }
     // A pen plotter's plot without a pen-down move is blank paper: said before it is written or
     // sent. A plot streamed to its destination is not read back.
     if (language_.language == "HPGL" && !out.GetTemporaryPath().empty() &&
         out.GetStream().Flush() && EmptyPlotCheck::DrawsNothing(out.GetTemporaryPath())) {
-        std::cerr << EmptyPlotCheck::Warning() << '\n';
+        Warning(EmptyPlotCheck::Warning(style_.program));
     }
     const bool committed = out.Commit(error);
     TemporaryFiles::Set(std::string());
     if (!committed) {
-        std::cerr << "vrkplot: " << error << '\n';
+        ProgramError(error);
         return false;
     }
     if (statsReport_ != nullptr) {

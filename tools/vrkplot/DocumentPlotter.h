@@ -24,7 +24,19 @@ class DocumentPlotter {
         std::string source;
     };
 
+    // How the lines on standard error start: `error` before every error, `warning` before every
+    // warning, and `program` before the errors and warnings of the program's own (not those
+    // that already name a file and line). vrkplot's: "", "", "vrkplot: "; a spooler's filter
+    // asks for "ERROR: " and "WARNING: " with no program name.
+    struct MessageStyle {
+        std::string error;
+        std::string warning;
+        std::string program = "vrkplot: ";
+    };
+
     DocumentPlotter(const VRKClassEntry& language, std::vector<Settings> settings);
+
+    void SetMessageStyle(const MessageStyle& style) { style_ = style; }
 
     void SetOptions(const VRKJobOutput::Options& options) { options_ = options; }
     // How drawings are laid out and ordered.
@@ -51,6 +63,11 @@ class DocumentPlotter {
     bool Plot(const std::string& document, const VRKDestination& destination) const;
 
   private:
+    // An error of the program's own, and one that says where it is ("plan.svg: ...").
+    void ProgramError(const std::string& message) const;
+    void Error(const std::string& message) const;
+    void Warning(const std::string& message) const;
+
     const VRKClassEntry& language_;
     std::vector<Settings> settings_;
     VRKJobOutput::Options options_;
@@ -59,4 +76,5 @@ class DocumentPlotter {
     std::ostream* statsReport_ = nullptr;
     std::string printerName_;
     std::string jobName_;
+    MessageStyle style_;
 };

@@ -43,8 +43,8 @@ bool DrawsNothing(const std::string& path) {
     return !found && !readFailed;
 }
 
-std::string Warning() {
-    std::string warning = "vrkplot: warning: the plot draws nothing: no pen ever goes down";
+std::string Warning(const std::string& program) {
+    std::string warning = program + "warning: the plot draws nothing: no pen ever goes down";
     if (VRKEnvironment::IsDefined("HPGL2_PEN_TABLE") && !VRKEnvironment::IsDefined("TestPrint")) {
         const std::string table = VRKEnvironment::TemporaryDirectory() + "PenTable";
         struct stat info {};

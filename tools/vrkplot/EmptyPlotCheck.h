@@ -12,7 +12,7 @@ namespace EmptyPlotCheck {
 bool DrawsNothing(const std::string& path);
 
 // The warning for such a plot, with the likely cause: the pen table file the environment asks
-// for and that is missing, or no colour chosen.
-std::string Warning();
+// for and that is missing, or no colour chosen. `program` starts the line ("vrkplot: ").
+std::string Warning(const std::string& program);
 
 }  // namespace EmptyPlotCheck

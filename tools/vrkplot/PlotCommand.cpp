@@ -136,6 +136,7 @@ int PlotCommand::Run() const {
     documentOptions.orderForTravel =
         order.empty() ? entry->language == std::string("HPGL") : order == "travel";
     documentOptions.stats = stats;
+    documentOptions.textLabels = text == "labels";
 
     DocumentPlotter plotter(*entry, settings);
     plotter.SetDocumentOptions(documentOptions);

@@ -18,6 +18,9 @@ struct PlotCommand {
     double margins = 0;
     std::string order;
     bool stats = false;
+    // PDF text: "outlines" (the glyphs filled, the default) or "labels" (the plotter's font
+    // where it can stand for the text's).
+    std::string text = "outlines";
     std::string language;
     std::string printer;
     std::string output;

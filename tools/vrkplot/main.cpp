@@ -4,7 +4,7 @@
 //   vrkplot [-l LANGUAGE | -p PRINTER] [-o DEST] [--job-name NAME] [--settings FILE]
 //           [--save-settings FILE] [--stream] [--timeout SECONDS] [-q]
 //           [--form FORM] [--landscape] [--fit] [--margins MM] [--order travel|drawing]
-//           [--stats] [--] DOCUMENT...
+//           [--stats] [--text outlines|labels] [--] DOCUMENT...
 //   vrkplot settings [-l LANGUAGE] [--settings FILE]
 //   vrkplot printers [--add NAME [-l LANGUAGE] --destination DEST [--settings FILE]
 //                     [--description TEXT] | --remove NAME]
@@ -119,6 +119,12 @@ int main(int argc, char** argv) {
         "--stats", plot.stats,
         "Drawings: prints the pen-down length, the pen-up travel and the pen changes, before "
         "and after ordering");
+    CLI::Option* textOption = app.add_option(
+        "--text", plot.text,
+        "PDF documents: 'labels' draws text as labels in the plotter's font where a plotter font "
+        "can stand for it (upright or turned text in an ordinary font), the rest as outlines; "
+        "'outlines' fills the glyphs' outlines (default: outlines)");
+    textOption->check(CLI::IsMember({"outlines", "labels"}));
     bool list = false;
     app.add_flag("--list-languages", list, "List the printer languages and exit")
         ->excludes(jobsOption)
@@ -134,7 +140,8 @@ int main(int argc, char** argv) {
         ->excludes(fitOption)
         ->excludes(marginsOption)
         ->excludes(orderOption)
-        ->excludes(statsOption);
+        ->excludes(statsOption)
+        ->excludes(textOption);
     printerOption->excludes(languageOption);
 
     CLI::App* settingsCommand = app.add_subcommand(
