@@ -1,6 +1,7 @@
 // Fuzz target: the PDF importer.
 //
-// Feeds: the input is a PDF document read by VRKPdfImporter::ReadMemory into one drawing a page.
+// Feeds: the input is a PDF document read by VRKPdfImporter::ReadMemory into one drawing a page,
+// its text as labels when the input's size is odd.
 // Poppler parses the document, then renders each page through cairo into SVG text in a child
 // process (bounded here to 128 MiB and a quarter of a second a page), which the SVG importer
 // reads. Poppler, GLib and cairo are not instrumented, so the coverage that guides the run is that
@@ -31,6 +32,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // of many slow pages within the run's time limit for one input (10 s). They are checked the
     // same way whatever their values.
     importer.SetLimits(std::size_t{128} << 20, std::chrono::milliseconds(250));
+    // Documents of an odd number of bytes have their text drawn as labels, the others as
+    // outlines: both ways are fuzzed without a byte of the input spent on choosing.
+    importer.SetTextLabels(size % 2 == 1);
     std::vector<VRKDrawing> pages;
     if (!importer.ReadMemory(bytes, "fuzz.pdf", pages)) {
         if (importer.GetError().rfind("fuzz.pdf: ", 0) != 0) {
