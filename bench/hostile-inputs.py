@@ -27,6 +27,8 @@ import time
 import zlib
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+sys.path.insert(0, os.path.join(ROOT, "bench", "pdf"))
+from pdfwriter import PdfWriter, simple_document  # noqa: E402
 
 
 def png_chunk(kind, data, length=None):
@@ -44,7 +46,13 @@ def png(width, height, rows, extra=b""):
 # Inputs refused only once they have been partly drawn may take more memory than the others, and
 # still a bounded amount: an SVG file whose uses multiply one line a billion times is refused when
 # its copies pass the importer's limit of elements, which a real drawing of that size would hold.
-MEMORY_MIB = {"usebomb.svg": 160.0}
+MEMORY_MIB = {"usebomb.svg": 160.0,
+              # A PDF page is drawn in a child process that is stopped when its memory has grown by
+              # 256 MiB: the process it was forked from, the growth and the last 10 ms before the
+              # stop.
+              "formbomb.pdf": 340.0,
+              # The same bound holds while the child opens a document.
+              "xref.pdf": 340.0}
 
 # The inputs are written by a child process of their own (--generate): the runner stays small, so
 # that the memory of the vrkplot processes it forks is theirs and not the inputs' it built.
@@ -209,6 +217,120 @@ def cases(folder):
           'xlink:href="nowhere.png"/>')
     out.append(("SVG: a missing linked image", "missing.svg", ["-l", "HPGL2"], {}, 2,
                 "nowhere.png"))
+    out += pdf_cases(folder)
+    return out
+
+
+def pdf_page(content, resources=b"", box=b"0 0 595 842", count=1, objects=()):
+    """A document of one page: `content` its content stream (bytes, or a function that adds the
+    stream to the writer and gives its number), `objects` a list of functions that add objects to
+    the writer and give their resource entries."""
+    doc = PdfWriter()
+    catalog = doc.reserve()
+    tree = doc.reserve()
+    entries = b"".join(add(doc) for add in objects)
+    stream = content(doc) if callable(content) else doc.add_stream(content)
+    page = doc.add(b"<< /Type /Page /Parent %d 0 R /MediaBox [%s] /Resources << %s %s >> "
+                   b"/Contents %d 0 R >>" % (tree, box, resources, entries, stream))
+    doc.set(catalog, b"<< /Type /Catalog /Pages %d 0 R >>" % tree)
+    doc.set(tree, b"<< /Type /Pages /Kids [%d 0 R] /Count %d >>" % (page, count))
+    return doc, catalog
+
+
+def form_tree(levels, fan, leaf):
+    """Form F draws form F' `fan` times, and so on `levels` deep, the innermost drawing `leaf`:
+    fan ** levels leaves in a few hundred bytes."""
+    def add(doc):
+        form = b"/Type /XObject /Subtype /Form /BBox [0 0 10 10]"
+        inner = doc.add_stream(leaf, form)
+        for _ in range(levels):
+            inner = doc.add_stream(b"/F Do " * fan, form + b" /Resources << /XObject << /F %d 0 R "
+                                   b">> >>" % inner)
+        return b"/XObject << /F %d 0 R >>" % inner
+    doc, catalog = pdf_page(b"/F Do", objects=[add])
+    return doc.finish(catalog)
+
+
+def self_form():
+    def add(doc):
+        form = doc.reserve()
+        doc.set(form, b"<< /Length 12 /Type /XObject /Subtype /Form /BBox [0 0 10 10] "
+                b"/Resources << /XObject << /F %d 0 R >> >> >>\nstream\n/F Do /F Do\nendstream" %
+                form)
+        return b"/XObject << /F %d 0 R >>" % form
+    doc, catalog = pdf_page(b"0 0 m 100 100 l S /F Do", objects=[add])
+    return doc.finish(catalog)
+
+
+def flate_bomb():
+    """A content stream of 2 GiB of spaces in 2 MB of FlateDecode."""
+    packer = zlib.compressobj(9)
+    block = b" " * (1 << 20)
+    data = b"".join([packer.compress(block) for _ in range(2048)] + [packer.flush()])
+    doc, catalog = pdf_page(lambda doc: doc.add(b"<< /Length %d /Filter /FlateDecode >>\nstream\n" %
+                                                len(data) + data + b"\nendstream"))
+    return doc.finish(catalog)
+
+
+def huge_image():
+    """Twelve bytes of pixels for an image that claims a million pixels a side (3 TB)."""
+    def add(doc):
+        image = doc.add_stream(b"abcdefghijkl", b"/Type /XObject /Subtype /Image /Width 1000000 "
+                               b"/Height 1000000 /ColorSpace /DeviceRGB /BitsPerComponent 8")
+        return b"/XObject << /I %d 0 R >>" % image
+    doc, catalog = pdf_page(b"q 500 0 0 500 10 10 cm /I Do Q", objects=[add])
+    return doc.finish(catalog)
+
+
+def encrypted():
+    doc, catalog = pdf_page(b"0 0 m 10 10 l S")
+    crypt = doc.add(b"<< /Filter /Standard /V 1 /R 2 /O <" + b"11" * 32 + b"> /U <" + b"22" * 32 +
+                    b"> /P -4 >>")
+    return doc.finish(catalog, b"/Encrypt %d 0 R /ID [<00112233445566778899aabbccddeeff> "
+                      b"<00112233445566778899aabbccddeeff>]" % crypt)
+
+
+def pdf_cases(folder):
+    out = []
+    plain = simple_document([b"0 0 m 100 100 l S 10 10 50 50 re f"] * 3)
+    write(folder, "cut.pdf", lambda: plain[:len(plain) // 2])
+    out.append(("PDF: a truncated file", "cut.pdf", ["-l", "HPGL2"], {}, 2,
+                "cut.pdf: the document is damaged"))
+    write(folder, "count.pdf",
+          lambda: (lambda d: d[0].finish(d[1]))(pdf_page(b"0 0 m 9 9 l S", count=2000000000)))
+    out.append(("PDF: a claim of 2e9 pages", "count.pdf", ["-l", "HPGL2"], {}, 2,
+                "count.pdf: the document has no pages"))
+    write(folder, "formbomb.pdf", lambda: form_tree(6, 10, b"0 0 m 1 1 l S"))
+    out.append(("PDF: a million lines through forms", "formbomb.pdf", ["-l", "HPGL2"], {}, 2,
+                "formbomb.pdf: page 1: drawing the page takes more than 256 MiB of memory"))
+    write(folder, "formloop.pdf", lambda: form_tree(7, 10, b"q Q"))
+    out.append(("PDF: ten million empty forms", "formloop.pdf", ["-l", "HPGL2"], {}, 2,
+                "formloop.pdf: page 1: the page takes more than 5 seconds to draw"))
+    write(folder, "formdeep.pdf", lambda: form_tree(100000, 1, b"0 0 m 1 1 l S"))
+    out.append(("PDF: forms nested 100,000 deep", "formdeep.pdf", ["-l", "HPGL2"], {}, 0, None))
+    write(folder, "formself.pdf", self_form)
+    out.append(("PDF: a form that draws itself", "formself.pdf", ["-l", "HPGL2"], {}, 0, None))
+    write(folder, "flate.pdf", flate_bomb)
+    out.append(("PDF: 2 GiB of content in 2 MB", "flate.pdf", ["-l", "HPGL2"], {}, 2,
+                "flate.pdf: page 1: the page takes more than 5 seconds to draw"))
+    write(folder, "locked.pdf", encrypted)
+    out.append(("PDF: encrypted", "locked.pdf", ["-l", "HPGL2"], {}, 2,
+                "locked.pdf: the document is encrypted; it needs a password"))
+    write(folder, "mediabox.pdf",
+          lambda: (lambda d: d[0].finish(d[1]))(pdf_page(b"0 0 m 9 9 l S", box=b"0 0 1e30 1e30")))
+    out.append(("PDF: a MediaBox of 1e30 points", "mediabox.pdf", ["-l", "HPGL2"], {}, 0, None))
+    write(folder, "image.pdf", huge_image)
+    out.append(("PDF: an image a million pixels a side", "image.pdf", ["-l", "HPGL2"], {}, 2,
+                "image.pdf: page 1: the page takes more than 5 seconds to draw"))
+    write(folder, "xref.pdf", lambda: b"%PDF-1.7\n1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\n"
+          b"endobj\n2 0 obj\n<< /Type /Pages /Kids [3 0 R] /Count 1 >>\nendobj\n3 0 obj\n"
+          b"<< /Type /Page /Parent 2 0 R /MediaBox [0 0 100 100] >>\nendobj\n20000153 0 obj\n"
+          b"<< >>\nendobj\ntrailer\n<< /Root 1 0 R >>\n%%EOF\n")
+    out.append(("PDF: object 20,000,153, no xref table", "xref.pdf", ["-l", "HPGL2"], {}, 2,
+                "xref.pdf: opening the document takes more than 256 MiB of memory"))
+    write(folder, "noise.pdf", lambda: b"%PDF-1.7\n" + bytes(range(256)) * 40)
+    out.append(("PDF: a header on other bytes", "noise.pdf", ["-l", "HPGL2"], {}, 2,
+                "noise.pdf: the document is damaged"))
     return out
 
 

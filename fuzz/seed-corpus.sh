@@ -2,14 +2,15 @@
 # Rebuilds the seed corpora in fuzz/corpus/TARGET/ from the project's own inputs: the job files of
 # tests/jobs and examples, the example settings files and printer list, the PNG files of the
 # examples and tests, pen and colour tables like those of the tests, and marshal buffers written
-# by the driver (build-fuzz/bin/fuzz_seed_marshal, built by scripts/fuzz.sh), and plots of the
-# job files in every language (by $VRKPLOT, default build/bin/vrkplot). Run it by hand after the
-# inputs change and commit the result; the fuzzing runs never write into these folders.
+# by the driver (build-fuzz/bin/fuzz_seed_marshal, built by scripts/fuzz.sh), plots of the job
+# files in every language (by $VRKPLOT, default build/bin/vrkplot), and small PDF documents. Run
+# it by hand after the inputs change and commit the result; the fuzzing runs never write into
+# these folders.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 corpus=fuzz/corpus
 rm -rf "$corpus"
-mkdir -p "$corpus"/{job,settings,pentables,marshal,png,printers,plotdump,svg}
+mkdir -p "$corpus"/{job,settings,pentables,marshal,png,printers,plotdump,svg,pdf}
 
 # Jobs: the first byte chooses the language ('0' HPGL2, '1' HPGL, '2' HP1000GL2, '3' HP4000GL2).
 # The fuzzed player takes bitmaps from examples/images, so the paths lose their folder.
@@ -107,5 +108,10 @@ printf '%s\n' "$svg_open" \
   "<g id='x'><use href='#y'/></g><g id='y'><use href='#x'/></g><use href='#missing'/>" \
   "<rect width='1e30' height='1'/><path d='M0 0 L1e300 1e300' stroke='black'/><circle r='1' transform='scale(1e308) scale(10)'/>" \
   "</svg>" >"$corpus/svg/hostile.svg"
+
+# PDF documents: small files written object by object (fuzz/make-pdf-seeds.py), each reaching a
+# part of the reader (paths, colours, text, pages, compressed streams, clipping, forms, an image,
+# a damaged cross-reference table).
+python3 fuzz/make-pdf-seeds.py "$corpus/pdf"
 
 echo "seed corpora: $(find "$corpus" -type f | wc -l) files, $(du -sk "$corpus" | cut -f1) KiB"

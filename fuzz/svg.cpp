@@ -9,74 +9,14 @@
 // holds only finite coordinates within the importer's bounds, and every item, stroke, fill and
 // ring refers to points that are there.
 
-#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "DrawingCheck.h"
 #include "FuzzSupport.h"
 #include "host/drawing/VRKDrawing.h"
 #include "host/svg/VRKSvgImporter.h"
-
-namespace {
-
-constexpr float kBound = 1.0e7f;
-
-bool Good(float value) {
-    return std::isfinite(value) && std::fabs(value) <= kBound;
-}
-
-void CheckDrawing(const VRKDrawing& drawing) {
-    const std::size_t points = drawing.points.size();
-    if (drawing.controls.size() != points) {
-        vrkfuzz::Broken("control flags and points differ in number");
-    }
-    for (const VRKDrawingPoint& p : drawing.points) {
-        if (!Good(p.x) || !Good(p.y)) {
-            vrkfuzz::Broken("a point that is not finite or out of bounds");
-        }
-    }
-    for (const VRKDrawingStroke& stroke : drawing.strokes) {
-        if (stroke.pen >= drawing.pens.size() ||
-            stroke.first + std::size_t{stroke.count} > points || stroke.count < 2) {
-            vrkfuzz::Broken("a stroke that refers past its points or pens");
-        }
-    }
-    std::size_t ringsSeen = 0;
-    for (const VRKDrawingFill& fill : drawing.fills) {
-        std::size_t size = fill.ellipse ? 3 : 0;
-        for (std::uint32_t i = 0; i < fill.ringCount; ++i) {
-            size += drawing.ringSizes.at(fill.firstRing + i);
-        }
-        ringsSeen += fill.ringCount;
-        if (fill.first + size > points || (!fill.ellipse && fill.ringCount == 0)) {
-            vrkfuzz::Broken("a fill that refers past its points");
-        }
-    }
-    if (ringsSeen != drawing.ringSizes.size()) {
-        vrkfuzz::Broken("rings that no fill holds");
-    }
-    for (const VRKDrawingText& text : drawing.texts) {
-        if (!Good(text.x) || !Good(text.y) || !Good(text.size) || !std::isfinite(text.direction)) {
-            vrkfuzz::Broken("a text with a position or size that is not finite");
-        }
-    }
-    for (const VRKDrawingImage& image : drawing.images) {
-        if (!image.image || !Good(image.x) || !Good(image.y)) {
-            vrkfuzz::Broken("an image without pixels or with a bad position");
-        }
-    }
-    if (drawing.items.size() != drawing.strokes.size() + drawing.fills.size() +
-                                    drawing.texts.size() + drawing.images.size()) {
-        vrkfuzz::Broken("items and the drawing's parts differ in number");
-    }
-    if (!Good(drawing.width) || !Good(drawing.height) || !(drawing.width > 0.0f) ||
-        !(drawing.height > 0.0f)) {
-        vrkfuzz::Broken("a page size that is not positive and finite");
-    }
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
@@ -97,6 +37,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         return 0;
     }
-    CheckDrawing(drawing);
+    vrkfuzz::CheckDrawing(drawing);
     return 0;
 }

@@ -25,7 +25,7 @@ scripts/setup.sh
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 
-targets=(job settings pentables marshal png printers plotdump svg)
+targets=(job settings pentables marshal png printers plotdump svg pdf)
 bin=build-fuzz/bin
 findings=build-fuzz/findings
 known=fuzz/known-findings.txt
@@ -39,6 +39,12 @@ known=fuzz/known-findings.txt
 #   is memory taken on an input's word (a count, a size in a header) rather than for its content.
 # - timeout: 10 seconds for one input; no seed takes a tenth of a second, sanitizers included.
 limits=(-rss_limit_mb=1024 -malloc_limit_mb=64 -timeout=10)
+# The pdf target's pages are drawn by Poppler and cairo in a child process, where libFuzzer's
+# allocation hook still runs: a page of a huge image makes cairo take a 256 MiB block for its
+# scaled copy, on the input's word. The reader bounds that child itself (its resident memory may
+# grow by 128 MiB in the target, then it is killed), so the limit of one allocation is raised to
+# what cairo's largest image takes (32767 pixels a side, 4 GiB) for that target alone.
+pdf_limits=(-rss_limit_mb=1024 -malloc_limit_mb=8192 -timeout=10)
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:symbolize=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 
@@ -86,6 +92,10 @@ frames_of() {
 
 failed=0
 for target in "${targets[@]}"; do
+  run_limits=("${limits[@]}")
+  if [ "$target" = pdf ]; then
+    run_limits=("${pdf_limits[@]}")
+  fi
   corpus=$work/corpus-$target
   mkdir -p "$corpus"
   cp fuzz/corpus/"$target"/* "$corpus"/
@@ -99,7 +109,7 @@ for target in "${targets[@]}"; do
   # prefix. The exit status is that of the last child, so the findings are what counts.
   status=0
   "$bin/fuzz_$target" "$corpus" -dict="fuzz/$target.dict" -max_total_time="$seconds" \
-    "${limits[@]}" -fork=1 -ignore_crashes=1 -ignore_ooms=1 -ignore_timeouts=1 \
+    "${run_limits[@]}" -fork=1 -ignore_crashes=1 -ignore_ooms=1 -ignore_timeouts=1 \
     -artifact_prefix="$findings/$target/" -print_final_stats=1 -print_funcs=0 >"$log" 2>&1 ||
     status=$?
   stats=$(grep -E '^#[0-9]+:' "$log" | tail -1 || true)
@@ -110,7 +120,7 @@ for target in "${targets[@]}"; do
   for input in fuzz/regressions/"$target"/*; do
     [ -f "$input" ] || continue
     copy=$findings/$target/regression-$(basename "$input")
-    if ! "$bin/fuzz_$target" "${limits[@]}" "$input" >"$copy.report" 2>&1; then
+    if ! "$bin/fuzz_$target" "${run_limits[@]}" "$input" >"$copy.report" 2>&1; then
       cp "$input" "$copy"
     else
       rm -f "$copy.report"
@@ -125,7 +135,7 @@ for target in "${targets[@]}"; do
     reproducers=$((reproducers + 1))
     report=$reproducer.report
     if [ ! -f "$report" ]; then
-      "$bin/fuzz_$target" "${limits[@]}" "$reproducer" >"$report" 2>&1 || true
+      "$bin/fuzz_$target" "${run_limits[@]}" "$reproducer" >"$report" 2>&1 || true
     fi
     fault=$(fault_of "$report")
     count[$fault]=$((${count[$fault]:-0} + 1))

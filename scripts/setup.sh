@@ -34,8 +34,9 @@ packages=(
   # Property dialogs (host/dialogs): Qt 6 Widgets, and the platform plugins (offscreen among them)
   # that its tests run on without a display
   qt6-base-dev qt6-qpa-plugins
-  # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf
-  libplot-dev linux-perf
+  # Benchmarks: the GNU libplot peer the whole-program benchmark compares against, and perf;
+  # pstoedit (with Ghostscript), the peer of the PDF import benchmark (bench/pdf-import.py)
+  libplot-dev linux-perf pstoedit
   # The test through a private spooler (tests/cups): cupsd and cups-exec (the socket backend comes
   # with cups, lpadmin and lp with cups-client, both above)
   cups-daemon

@@ -7,11 +7,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 #include <memory>
 #include <new>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "host/pdf/VRKPdfRenderProcess.h"
+#include "host/pdf/VRKPdfTextLabels.h"
 
 namespace {
 
@@ -39,6 +43,18 @@ cairo_status_t WriteSvg(void* closure, const unsigned char* data, unsigned int l
         return CAIRO_STATUS_WRITE_ERROR;
     }
     return CAIRO_STATUS_SUCCESS;
+}
+
+// "10 seconds", "0.25 seconds", "1 second".
+std::string Seconds(std::chrono::milliseconds time) {
+    const long long count = time.count();
+    std::string text = std::to_string(count / 1000);
+    if (count % 1000 != 0) {
+        std::string fraction = std::to_string(1000 + count % 1000).substr(1);
+        fraction.erase(fraction.find_last_not_of('0') + 1);
+        text += "." + fraction;
+    }
+    return text + (count == 1000 ? " second" : " seconds");
 }
 
 std::string ErrorText(const GError* error) {
@@ -88,11 +104,95 @@ struct VRKPdfDocument::Handle {
     }
 };
 
-VRKPdfDocument::VRKPdfDocument() : handle_(std::make_unique<Handle>()) {}
+VRKPdfDocument::VRKPdfDocument()
+    : handle_(std::make_unique<Handle>()), process_(std::make_unique<VRKPdfRenderProcess>()) {}
 
 VRKPdfDocument::~VRKPdfDocument() = default;
 
+void VRKPdfDocument::SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime) {
+    maxPageMemory_ = maxPageMemory;
+    maxPageTime_ = maxPageTime;
+}
+
 bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
+    data_ = data;
+    pageCount_ = 0;
+    std::string count;
+    if (!StartChild(0, count, error)) {
+        return false;
+    }
+    pageCount_ = std::atoi(count.c_str());
+    return true;
+}
+
+int VRKPdfDocument::PageCount() const {
+    return pageCount_;
+}
+
+bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
+    svg.clear();
+    std::string count;
+    if (process_->NextPage() != index && !StartChild(index, count, error)) {
+        return false;
+    }
+    return Answer(process_->Next(svg, error), false, error);
+}
+
+bool VRKPdfDocument::StartChild(int first, std::string& count, std::string& error) const {
+    VRKPdfRenderProcess::Limits limits;
+    limits.maxMemoryGrowth = maxPageMemory_;
+    limits.maxTime = maxPageTime_;
+    limits.maxOutput = kMaxSvgBytes;
+    // In the child, the document is opened (index -1), then its pages drawn.
+    const auto work = [this](int index, std::string& text, std::string& message) {
+        if (index < 0) {
+            if (!OpenHere(data_, message)) {
+                return false;
+            }
+            text = std::to_string(poppler_document_get_n_pages(handle_->document));
+            return true;
+        }
+        if (!RenderPageHere(index, text, message)) {
+            return false;
+        }
+        if (textLabels_) {
+            std::vector<VRKPdfCharacter> characters;
+            PageCharacters(index, characters);
+            VRKPdfTextLabels::Apply(text, characters);
+        }
+        return true;
+    };
+    if (!process_->Start(work, first, limits, error)) {
+        return false;
+    }
+    return Answer(process_->Next(count, error), true, error);
+}
+
+bool VRKPdfDocument::Answer(VRKPdfRenderProcess::Outcome outcome, bool opening,
+                            std::string& error) const {
+    switch (outcome) {
+        case VRKPdfRenderProcess::Outcome::kDone:
+            return true;
+        case VRKPdfRenderProcess::Outcome::kTime:
+            error = (opening ? "the document takes more than " : "the page takes more than ") +
+                    Seconds(maxPageTime_) + (opening ? " to open" : " to draw");
+            return false;
+        case VRKPdfRenderProcess::Outcome::kMemory:
+            error = (opening ? "opening the document takes more than "
+                             : "drawing the page takes more than ") +
+                    std::to_string(maxPageMemory_ >> 20) + " MiB of memory";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kTooLarge:
+            error = "the page is too large to be drawn";
+            return false;
+        case VRKPdfRenderProcess::Outcome::kNoMemory:
+            throw std::bad_alloc();
+        default:
+            return false;
+    }
+}
+
+bool VRKPdfDocument::OpenHere(std::string_view data, std::string& error) const {
     GBytes* bytes = g_bytes_new_static(data.data(), data.size());
     GError* gerror = nullptr;
     PopplerDocument* document = poppler_document_new_from_bytes(bytes, nullptr, &gerror);
@@ -119,11 +219,7 @@ bool VRKPdfDocument::Open(std::string_view data, std::string& error) {
     return true;
 }
 
-int VRKPdfDocument::PageCount() const {
-    return handle_->document != nullptr ? poppler_document_get_n_pages(handle_->document) : 0;
-}
-
-bool VRKPdfDocument::RenderPage(int index, std::string& svg, std::string& error) const {
+bool VRKPdfDocument::RenderPageHere(int index, std::string& svg, std::string& error) const {
     svg.clear();
     PopplerPage* page = handle_->document != nullptr
                             ? poppler_document_get_page(handle_->document, index)

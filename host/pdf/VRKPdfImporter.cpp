@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "host/pdf/VRKPdfDocument.h"
-#include "host/pdf/VRKPdfTextLabels.h"
 #include "host/svg/VRKSvgImporter.h"
 
 bool VRKPdfImporter::LooksLikePdf(std::string_view head) {
@@ -47,6 +46,8 @@ bool VRKPdfImporter::Read(std::string_view data, const std::string& name,
         return false;
     }
     VRKPdfDocument document;
+    document.SetLimits(maxPageMemory_, maxPageTime_);
+    document.SetTextLabels(textLabels_);
     std::string error;
     if (!document.Open(data, error)) {
         error_ = name + ": " + error;
@@ -65,17 +66,12 @@ bool VRKPdfImporter::Read(std::string_view data, const std::string& name,
     // Each kind of warning once, whichever page meets it first.
     std::set<std::string> kinds;
     std::string svg;
-    std::vector<VRKPdfCharacter> characters;
     pages.reserve(static_cast<std::size_t>(count));
     for (int index = 0; index < count; ++index) {
         const std::string pageName = name + ": page " + std::to_string(index + 1);
         if (!document.RenderPage(index, svg, error)) {
             error_ = pageName + ": " + error;
             return false;
-        }
-        if (textLabels_) {
-            document.PageCharacters(index, characters);
-            VRKPdfTextLabels::Apply(svg, characters);
         }
         const std::string svgName = pageName + ".svg";
         VRKSvgImporter importer;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -16,11 +17,23 @@ class VRKPdfImporter {
     static constexpr std::size_t kMaxFileBytes = std::size_t{1} << 30;
     // Documents with more pages than this are refused.
     static constexpr int kMaxPages = 10000;
+    // Each page is drawn in a child process; one whose memory grows by more than this, or that
+    // takes longer than this, is stopped and the document refused: a few hundred bytes of forms
+    // that draw forms can ask for billions of paths, and an image can claim a million pixels a
+    // side.
+    static constexpr std::size_t kMaxPageMemory = std::size_t{256} << 20;
+    static constexpr std::chrono::milliseconds kMaxPageTime{5000};
+
+    // Bounds other than the defaults above (the tests make them small).
+    void SetLimits(std::size_t maxPageMemory, std::chrono::milliseconds maxPageTime) {
+        maxPageMemory_ = maxPageMemory;
+        maxPageTime_ = maxPageTime;
+    }
 
     // Reads every page of the PDF held in `data` into `pages` (one drawing each, in order).
     // `name` names the document in messages. False with GetError() set ("plan.pdf: ..."), and
     // `pages` emptied: not a PDF, damaged, encrypted (password needed), no pages, or larger
-    // than the limits.
+    // than the limits (a page stopped at its bounds).
     bool ReadMemory(std::string_view data, const std::string& name, std::vector<VRKDrawing>& pages);
     // Text in a plain font becomes the drawing's texts (labels the plotter draws with its own
     // font) instead of glyph outlines; text no plotter font can stand for stays outlines
@@ -34,6 +47,8 @@ class VRKPdfImporter {
     static bool LooksLikePdf(std::string_view head);
 
   private:
+    std::size_t maxPageMemory_ = kMaxPageMemory;
+    std::chrono::milliseconds maxPageTime_ = kMaxPageTime;
     std::string error_;
     std::vector<std::string> warnings_;
     bool textLabels_ = false;
