@@ -13,7 +13,7 @@
 #include "host/pdf/VRKPdfFontKind.h"
 #include "host/pdf/VRKPdfImporter.h"
 #include "host/pdf/VRKPdfTextLabels.h"
-#include "pdf/PdfObjectWriter.h"
+#include "pdf/PdfObjectFile.h"
 #include "pdf/PdfTestDocument.h"
 
 namespace {
@@ -203,7 +203,7 @@ TEST(PdfLabels, TextBetweenShapesKeepsItsPlaceInTheDrawingOrder) {
 // A page of text in a Type 3 font whose two glyphs are squares drawn by the font's own
 // procedures, and a line in a standard font after it.
 std::string Type3Document() {
-    PdfObjectWriter pdf;
+    PdfObjectFile pdf;
     pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
     pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
     pdf.Add(
@@ -218,7 +218,7 @@ std::string Type3Document() {
     pdf.Add("<< /A 7 0 R /B 7 0 R >>");
     pdf.AddStream("1000 0 0 0 1000 1000 d1 0 0 800 800 re f");
     pdf.Add("<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>");
-    return pdf.Document();
+    return pdf.Finish(1);
 }
 
 TEST(PdfLabels, Type3GlyphsStayOutlines) {
@@ -237,7 +237,7 @@ TEST(PdfLabels, Type3GlyphsStayOutlines) {
 }
 
 TEST(PdfLabels, TextOfATurnedPageIsTurnedWithIt) {
-    PdfObjectWriter pdf;
+    PdfObjectFile pdf;
     pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
     pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
     pdf.Add(
@@ -245,7 +245,7 @@ TEST(PdfLabels, TextOfATurnedPageIsTurnedWithIt) {
         "/Resources << /Font << /F1 5 0 R >> >> >>");
     pdf.AddStream("BT /F1 10 Tf 20 30 Td (Hi) Tj ET");
     pdf.Add("<< /Type /Font /Subtype /Type1 /BaseFont /Times-Bold >>");
-    const std::vector<VRKDrawing> pages = Read(pdf.Document(), true);
+    const std::vector<VRKDrawing> pages = Read(pdf.Finish(1), true);
     ASSERT_EQ(pages.size(), 1u);
     const VRKDrawing& page = pages[0];
     EXPECT_NEAR(page.width, 100 * kMmPerPoint, kTolerance);
@@ -265,7 +265,7 @@ TEST(PdfLabels, TextOfATurnedPageIsTurnedWithIt) {
 
 TEST(PdfLabels, InvisibleTextMakesNoLabel) {
     // Render mode 3: text that is there to be found, not seen (scanned pages).
-    PdfObjectWriter pdf;
+    PdfObjectFile pdf;
     pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
     pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
     pdf.Add(
@@ -273,7 +273,7 @@ TEST(PdfLabels, InvisibleTextMakesNoLabel) {
         "/Resources << /Font << /F1 5 0 R >> >> >>");
     pdf.AddStream("BT 3 Tr /F1 10 Tf 20 30 Td (Hidden) Tj ET");
     pdf.Add("<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>");
-    const std::vector<VRKDrawing> pages = Read(pdf.Document(), true);
+    const std::vector<VRKDrawing> pages = Read(pdf.Finish(1), true);
     ASSERT_EQ(pages.size(), 1u);
     EXPECT_TRUE(pages[0].texts.empty());
     EXPECT_TRUE(pages[0].items.empty());
@@ -281,7 +281,7 @@ TEST(PdfLabels, InvisibleTextMakesNoLabel) {
 
 TEST(PdfLabels, ClippingTextStaysOutOfTheLabels) {
     // Render mode 7: the glyphs only clip what follows.
-    PdfObjectWriter pdf;
+    PdfObjectFile pdf;
     pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
     pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
     pdf.Add(
@@ -289,7 +289,7 @@ TEST(PdfLabels, ClippingTextStaysOutOfTheLabels) {
         "/Resources << /Font << /F1 5 0 R >> >> >>");
     pdf.AddStream("q BT 7 Tr /F1 40 Tf 20 30 Td (Clip) Tj ET 0 0 200 100 re f Q");
     pdf.Add("<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>");
-    const std::vector<VRKDrawing> pages = Read(pdf.Document(), true);
+    const std::vector<VRKDrawing> pages = Read(pdf.Finish(1), true);
     ASSERT_EQ(pages.size(), 1u);
     EXPECT_TRUE(pages[0].texts.empty());
     EXPECT_EQ(pages[0].fills.size(), 1u);
@@ -297,7 +297,7 @@ TEST(PdfLabels, ClippingTextStaysOutOfTheLabels) {
 
 TEST(PdfLabels, StrokedTextStaysOutlines) {
     // Render mode 1: the glyphs' outlines stroked, not filled; no plotter font draws that.
-    PdfObjectWriter pdf;
+    PdfObjectFile pdf;
     pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
     pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
     pdf.Add(
@@ -305,7 +305,7 @@ TEST(PdfLabels, StrokedTextStaysOutlines) {
         "/Resources << /Font << /F1 5 0 R >> >> >>");
     pdf.AddStream("BT 1 Tr /F1 40 Tf 20 30 Td (Hi) Tj ET");
     pdf.Add("<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>");
-    const std::vector<VRKDrawing> pages = Read(pdf.Document(), true);
+    const std::vector<VRKDrawing> pages = Read(pdf.Finish(1), true);
     ASSERT_EQ(pages.size(), 1u);
     EXPECT_TRUE(pages[0].texts.empty());
     EXPECT_FALSE(pages[0].strokes.empty());

@@ -4,9 +4,10 @@
 #include <string>
 #include <vector>
 
-// Writes PDF files object by object, for documents cairo does not make (forms that draw forms,
-// damaged or hostile files): each object's body in PDF syntax, numbered from 1 in the order
-// added, then the cross-reference table with the offsets counted from the bytes written.
+// Writes PDF files object by object, for documents cairo does not make (a page's /Rotate, Type 3
+// fonts, forms that draw forms, damaged or hostile files): each object's body in PDF syntax,
+// numbered from 1 in the order added, then the cross-reference table with the offsets counted
+// from the bytes written.
 class PdfObjectFile {
   public:
     // Adds an object and gives its number.

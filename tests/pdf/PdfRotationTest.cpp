@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "host/pdf/VRKPdfImporter.h"
-#include "pdf/PdfObjectWriter.h"
+#include "pdf/PdfObjectFile.h"
 
 namespace {
 
@@ -19,13 +19,13 @@ constexpr double kTolerance = 1e-3;
 // A page of 200 by 100 points with a blue rectangle from (10, 10) to (40, 20) near its lower
 // left corner. `pagesEntry` goes into the page tree's node, `pageEntry` into the page.
 std::string RotatedDocument(const std::string& pagesEntry, const std::string& pageEntry) {
-    PdfObjectWriter pdf;
+    PdfObjectFile pdf;
     pdf.Add("<< /Type /Catalog /Pages 2 0 R >>");
     pdf.Add("<< /Type /Pages /Kids [3 0 R] /Count 1" + pagesEntry + " >>");
     pdf.Add("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 200 100] /Contents 4 0 R" + pageEntry +
             " >>");
     pdf.AddStream("0 0 1 rg 10 10 30 10 re f");
-    return pdf.Document();
+    return pdf.Finish(1);
 }
 
 // The bounds of a drawing's one fill and the page's size, in points.
