@@ -36,24 +36,14 @@ import subprocess
 import sys
 import time
 
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import benchmachine  # noqa: E402
+
 REPO = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 BUILD = os.environ.get("VRK_BUILD_DIR", os.path.join(REPO, "build"))
 WORK = os.environ.get("VRK_BENCH_WORK", os.path.join(BUILD, "bench-work"))
 VRKPLOT = os.path.join(BUILD, "bin", "vrkplot")
 MAKE_LARGE = os.path.join(REPO, "bench", "pdf", "make-large-pdf.py")
-
-
-def machine():
-    model = "unknown CPU"
-    try:
-        with open("/proc/cpuinfo") as f:
-            for line in f:
-                if line.startswith("model name"):
-                    model = line.split(":", 1)[1].strip()
-                    break
-    except OSError:
-        pass
-    return "%s, %d cores" % (model, os.cpu_count() or 0)
 
 
 def measure(command):
@@ -105,7 +95,7 @@ def main():
                 failed = failed or name == "vrkplot"
             results[name].append((seconds, mib))
 
-    print("Machine: %s" % machine())
+    print("Machine: %s" % benchmachine.describe())
     print("Drawing: %s, %.1f MB" % (os.path.basename(pdf), os.path.getsize(pdf) / 1e6))
     print("%-10s %10s %10s %10s %14s" % ("program", "best s", "median s", "peak MiB", "output bytes"))
     for name, _, output in programs:

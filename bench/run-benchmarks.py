@@ -31,6 +31,9 @@ import statistics
 import subprocess
 import sys
 
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import benchmachine  # noqa: E402
+
 REPO = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SHARED = os.environ.get("VRK_BENCH_SHARED", os.path.join(REPO, "..", "shared", "bench"))
 BUILD = os.environ.get("VRK_BUILD_DIR", os.path.join(REPO, "build"))
@@ -59,19 +62,6 @@ MIB = 1024.0 * 1024.0
 
 def die(message):
     sys.exit("run-benchmarks: " + message)
-
-
-def machine():
-    model = "unknown CPU"
-    try:
-        with open("/proc/cpuinfo") as f:
-            for line in f:
-                if line.startswith("model name"):
-                    model = line.split(":", 1)[1].strip()
-                    break
-    except OSError:
-        pass
-    return "%d cores (nproc), %s" % (os.cpu_count() or 0, model)
 
 
 def job_for(name):
@@ -255,7 +245,7 @@ def main():
         die("the shared benchmark tools are not in %s (set VRK_BENCH_SHARED)" % SHARED)
 
     peer = ensure_peer()
-    print("machine: %s" % machine())
+    print("machine: %s" % benchmachine.describe())
     print("median of %d alternating rounds after one warm-up round, wall time by measure.py; "
           "peak memory by vrk_peak_memory" % a.runs)
     rows = []

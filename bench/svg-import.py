@@ -46,6 +46,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import benchmachine  # noqa: E402
+
 REPO = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 BUILD = os.environ.get("VRK_BUILD_DIR", os.path.join(REPO, "build"))
 WORK = os.environ.get("VRK_BENCH_WORK", os.path.join(BUILD, "bench-work"))
@@ -74,17 +77,6 @@ MEASURES = ["pen-down", "pen-up", "pen changes"]
 
 def die(message):
     sys.exit("svg-import: " + message)
-
-
-def machine():
-    model = "unknown CPU"
-    try:
-        with open("/proc/cpuinfo") as f:
-            model = next((line.split(":", 1)[1].strip() for line in f
-                          if line.startswith("model name")), model)
-    except OSError:
-        pass
-    return "%d cores (nproc), %s" % (os.cpu_count() or 0, model)
 
 
 def large_svg():
@@ -281,7 +273,7 @@ def main():
     if not os.path.exists(svg):
         die("%s does not exist" % svg)
 
-    print("machine: %s" % machine())
+    print("machine: %s" % benchmachine.describe())
     print("%s: %s bytes" % (svg, "{:,}".format(os.path.getsize(svg))))
     memory = "GNU time" if GNU_TIME else "wait4, counting this script's pages"
     print("%d uncounted and %d counted runs of each program in alternating rounds; wall time "
