@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cups/support/CupsTestDocuments.h"
+#include "cups/support/DesignJet1000Header.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
@@ -49,8 +50,6 @@ int count(const std::string& text, const std::string& part) {
     return n;
 }
 
-const std::string kUel = "\x1b%-12345X";
-
 TEST_F(CupsFilter, HPGL2) {
     ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hpgl2"), 0) << err;
     // Reset, HP-GL/2 mode, then the job: A4 (595 by 842 points) with the cutter on and quality
@@ -68,17 +67,7 @@ TEST_F(CupsFilter, HPGL) {
 
 TEST_F(CupsFilter, HP1000GL2) {
     ASSERT_EQ(Run({"7", "ann", "Plan 7", "1", "", pdf}, "vrk-hp1000gl2"), 0) << err;
-    const std::string header = kUel +
-                               "@PJL JOB NAME=\"VORAN:Plan 7\"\n"
-                               "@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 1000 Series\n"
-                               "@PJL SET MIRROR=OFF\n"
-                               "@PJL SET RESOLUTION=600\n"
-                               "@PJL SET RENDERMODE=COLOR\n"
-                               "@PJL SET PALETTESOURCE=SOFTWARE\n"
-                               "@PJL SET RET=ON\n"
-                               "@PJL SET PRINTAREA=INKEDAREA\n"
-                               "@PJL SET MEDIASOURCE=ROLL1\n"
-                               "@PJL ENTER LANGUAGE=HPGL2\n";
+    const std::string header = DesignJet1000Header("Plan 7", "ROLL1");
     // The plot starts after the header: reset, HP-GL/2, then the quality of the PPD's default
     // (High, the best).
     const std::string start =

@@ -8,12 +8,11 @@
 
 #include "cups/support/CupsScratch.h"
 #include "cups/support/CupsTestDocuments.h"
+#include "cups/support/DesignJet1000Header.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
 namespace {
-
-const std::string kUel = "\x1b%-12345X";
 
 std::string ppdPath(const std::string& name) {
     return std::string(VRK_PPD_FOLDER) + "/" + name + ".ppd";
@@ -90,17 +89,7 @@ TEST_F(CupsfilterRun, HP1000GL2) {
     const std::string out = cupsfilter(
         "vrk-hp1000gl2", {"-o", "VRKRollFeeder=Multi", "-o", "InputSlot=Roll2"}, status, err);
     ASSERT_EQ(status, 0) << err;
-    const std::string header = kUel +
-                               "@PJL JOB NAME=\"VORAN:Plan 7\"\n"
-                               "@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 1000 Series\n"
-                               "@PJL SET MIRROR=OFF\n"
-                               "@PJL SET RESOLUTION=600\n"
-                               "@PJL SET RENDERMODE=COLOR\n"
-                               "@PJL SET PALETTESOURCE=SOFTWARE\n"
-                               "@PJL SET RET=ON\n"
-                               "@PJL SET PRINTAREA=INKEDAREA\n"
-                               "@PJL SET MEDIASOURCE=ROLL2\n"
-                               "@PJL ENTER LANGUAGE=HPGL2\n"
+    const std::string header = DesignJet1000Header("Plan 7", "ROLL2") +
                                "\x1b"
                                "E\x1b%0BBP5,0INECQL100";
     EXPECT_EQ(out.substr(0, header.size()), header);

@@ -9,12 +9,11 @@
 
 #include "cups/SpoolerEndToEnd.h"
 #include "cups/support/CupsTestDocuments.h"
+#include "cups/support/DesignJet1000Header.h"
 #include "support/Printable.h"
 #include "support/RunProgram.h"
 
 namespace {
-
-const std::string kUel = "\x1B%-12345X";
 
 // What vrkplot writes for `file` in the HP1000GL2 language with the job name `name` and the
 // layout of a queue's defaults: the 36 in. roll (914.4 mm wide, as long as the drawing and its
@@ -39,17 +38,7 @@ TEST_F(SpoolerEndToEnd, APdfPrintedWithLpReachesThePrinterAsTheFiltersPjlJob) {
     // A PJL job of the HP1000GL2 language named after the job's title (lp gives the file's
     // name): the PJL settings of the printer, then HP-GL/2 entered from PCL, and the roll's form
     // in plotter units (40 to the millimetre), turned to lie along the roll.
-    const std::string header = kUel +
-                               "@PJL JOB NAME=\"VORAN:drawing.pdf\"\n"
-                               "@PJL COMMENT VORAN HP-GL/2 Driver for HPDesignet 1000 Series\n"
-                               "@PJL SET MIRROR=OFF\n"
-                               "@PJL SET RESOLUTION=600\n"
-                               "@PJL SET RENDERMODE=COLOR\n"
-                               "@PJL SET PALETTESOURCE=SOFTWARE\n"
-                               "@PJL SET RET=ON\n"
-                               "@PJL SET PRINTAREA=INKEDAREA\n"
-                               "@PJL SET MEDIASOURCE=ROLL1\n"
-                               "@PJL ENTER LANGUAGE=HPGL2\n"
+    const std::string header = DesignJet1000Header("drawing.pdf", "ROLL1") +
                                "\x1B"
                                "E\x1B%0BBP5,0INECQL100PS36576,2400IP0,0,36576,2400RO270";
     EXPECT_EQ(plot->substr(0, header.size()), header) << Printable(*plot);

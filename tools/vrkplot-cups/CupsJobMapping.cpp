@@ -107,11 +107,11 @@ VRKLightXmlElement hp1000Settings(ChoiceReader& reader) {
     if (feeder == nullptr && slot == nullptr) {
         return element;
     }
-    const bool multi = feeder != nullptr && *feeder == "multiRollFeeder";
-    if (feeder == nullptr && slot != nullptr) {
+    if (feeder == nullptr) {
         reader.Fail("the option InputSlot needs the option VRKRollFeeder (Single or Multi)");
         return element;
     }
+    const bool multi = *feeder == "multiRollFeeder";
     VRKLightXmlElement& child =
         element.AddChild(VRKLightXmlElement(VRKString(std::string(*feeder))));
     if (slot == nullptr) {
